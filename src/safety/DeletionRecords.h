@@ -1,0 +1,71 @@
+// The plain values that a removal passes through: plan, requests, report, history entries.
+#pragma once
+
+#include "safety/JunkRule.h"
+#include "safety/Risk.h"
+#include "safety/Uuid.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brimlet {
+
+/// One row of a plan.
+struct PlanItem {
+    std::string path;      ///< absolute, any bytes
+    std::string name;      ///< last path component, for display
+    std::int64_t size = 0; ///< bytes that this item will free
+    Removal removal = Removal::trash;
+    SafetyVerdict verdict; ///< at the time the plan was built
+    bool operator==(const PlanItem&) const = default;
+};
+
+/// What the confirmation sheet shows.
+struct DeletionPlan {
+    Uuid id = Uuid::random();
+    std::string title;
+    std::vector<PlanItem> items; ///< in the order given, nested items already removed
+    bool operator==(const DeletionPlan&) const = default;
+};
+
+/// One instruction to the executor.
+struct DeletionRequest {
+    Uuid id = Uuid::random();
+    std::string path;
+    std::int64_t size = 0;
+    Removal removal = Removal::trash; ///< the effective way of removal
+    bool operator==(const DeletionRequest&) const = default;
+};
+
+/// A path that was not removed.
+struct DeletionFailure {
+    Uuid id = Uuid::random();
+    std::string path;
+    std::string reason; ///< sentence for the user
+    bool operator==(const DeletionFailure&) const = default;
+};
+
+/// The outcome of one run.
+struct DeletionReport {
+    std::int64_t freed = 0;                        ///< sum of the requests' sizes, deleted permanently
+    std::int64_t movedToTrash = 0;                 ///< likewise, moved to the Trash
+    std::vector<std::string> deletedPaths;         ///< gone from their places, both ways, in request order
+    std::vector<DeletionFailure> failures;         ///< what the file system refused
+    std::vector<DeletionFailure> skippedProtected; ///< what the policy refused
+    bool operator==(const DeletionReport&) const = default;
+};
+
+/// One deleted item, as the history keeps it.
+struct HistoryEntry {
+    Uuid id = Uuid::random();
+    double date = 0; ///< seconds since 2001-01-01 00:00:00 UTC
+    std::string originalPath;
+    std::optional<std::string> trashPath; ///< empty for a permanent deletion
+    std::int64_t size = 0;
+    bool restored = false;
+    bool operator==(const HistoryEntry&) const = default;
+};
+
+} // namespace brimlet
