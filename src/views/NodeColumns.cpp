@@ -108,7 +108,11 @@ NodeBits& NodeBits::operator&=(const NodeBits& other) {
 
 NodeColumns::NodeColumns(std::shared_ptr<const ScanResult> scan, std::vector<FileNode*> nodes)
     : m_scan(std::move(scan))
-    , m_nodes(std::move(nodes)) {
+    , m_nodes(std::move(nodes)) {}
+
+void NodeColumns::readSizes() {
+    if (!m_sizes.empty())
+        return;
     m_sizes.reserve(m_nodes.size());
     m_fileCounts.reserve(m_nodes.size());
     for (const FileNode* node : m_nodes) {
@@ -202,6 +206,7 @@ std::vector<std::uint32_t> NodeColumns::matching(const FileFilter& filter, const
 
 NodeRows NodeColumns::rows(const FileFilter& filter, const NodeSort& sort, const NodeBits& deleted,
                            double now, const std::atomic<bool>& cancelled) {
+    readSizes();
     if (!filter.query.empty() || sort.column == NodeColumn::name)
         prepareNames();
     NodeRows result;

@@ -65,9 +65,12 @@ struct NodeRows {
 
 class NodeColumns {
 public:
-    /// Copies what may change later; on the main thread where `nodes` holds folders.
     /// scan  kept alive
     NodeColumns(std::shared_ptr<const ScanResult> scan, std::vector<FileNode*> nodes);
+
+    /// Copies what may change later, once. Called on the main thread where `nodes` holds folders; for files, whose
+    /// sizes stay, `rows` does it. Before that `size` and `fileCount` may not be asked for.
+    void readSizes();
 
     std::size_t count() const { return m_nodes.size(); }
     FileNode* node(std::size_t i) const { return m_nodes[i]; }

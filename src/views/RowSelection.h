@@ -24,6 +24,9 @@ public:
     /// Starts afresh for another list.
     void reset(std::shared_ptr<const NodeColumns> columns);
 
+    /// Takes over new sizes of the same nodes at the same positions.
+    void setColumns(std::shared_ptr<const NodeColumns> columns) { m_columns = std::move(columns); }
+
     /// Takes over a new order of the same list; what it no longer holds is no longer selected.
     void setRows(std::shared_ptr<const NodeRows> rows);
 

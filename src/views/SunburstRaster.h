@@ -36,8 +36,10 @@ private:
     struct Segment {
         float start;
         float end;
-        std::uint32_t alpha; ///< 0 to 255
+        float alpha;         ///< 0 to 255
         std::uint32_t color; ///< 0xRRGGBB
+        std::uint32_t pixel; ///< both, as a pixel that it covers whole
+        bool isClosed;       ///< goes all the way round and so has no sides
     };
     struct Ring {
         std::vector<Segment> segments;          ///< by angle
@@ -45,9 +47,18 @@ private:
                                                 ///< or after it
     };
     struct Frame;
+    struct Polar {
+        float radius; ///< pixels
+        float angle;  ///< of the map
+    };
+    /// Where the last pixel was: its neighbour is most often in the same segment.
+    struct Cursor {
+        int depth = 0;
+        const Segment* segment = nullptr;
+    };
 
     void drawRows(QImage& target, const Frame& frame, int firstRow, int lastRow) const;
-    std::uint32_t pixel(const Frame& frame, float dx, float dy, float radius) const;
+    std::uint32_t pixel(const Frame& frame, const Polar& point, Cursor& cursor) const;
     const Segment* segmentAt(const Ring& ring, float angle) const;
 
     std::vector<Ring> m_rings;
