@@ -108,6 +108,9 @@ public:
     const std::vector<DeletionFailure>& failures() const { return m_failures; }
     void setFailures(std::vector<DeletionFailure> failures);
 
+    /// Puts entries of the history back where they were.
+    void restoreEntries(const std::vector<HistoryEntry>& entries);
+
     // Preferences
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
@@ -133,6 +136,7 @@ signals:
     void planChanged();
     void toastChanged();
     void failuresChanged();
+    void restoreWanted(const std::vector<HistoryEntry>& entries);
     void excludedRawChanged();
     void permanentDeleteChanged();
 

@@ -15,6 +15,10 @@ void AppState::setFailures(std::vector<DeletionFailure> failures) {
     change(m_failures, std::move(failures), &AppState::failuresChanged);
 }
 
+void AppState::restoreEntries(const std::vector<HistoryEntry>& entries) {
+    emit restoreWanted(entries);
+}
+
 void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
     if (paths.empty())
         return;
