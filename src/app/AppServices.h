@@ -7,6 +7,7 @@
 #include "platform/PreferencesStore.h"
 #include "platform/SystemOpener.h"
 #include "platform/Volumes.h"
+#include "safety/SafetyPolicy.h"
 
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ struct AppServices {
     SystemOpener& opener;
     PreferencesStore& preferences;
     Panels& panels;
+    const SafetyPolicy& safety;
     ScanWalk scanWalk = [](Scanner& scanner, const auto& rootPath, const auto& excluded,
                            const auto& progress) { return scanner.scan(rootPath, excluded, progress); };
 };

@@ -48,6 +48,10 @@ void AppState::setExplorerStack(std::vector<FileNode*> stack) {
     change(m_explorerStack, std::move(stack), &AppState::explorerStackChanged);
 }
 
+void AppState::setLargeFilter(FileFilter filter) {
+    change(m_largeFilter, std::move(filter), &AppState::largeFilterChanged);
+}
+
 void AppState::setExcludedRaw(const std::string& raw) {
     m_preferences.setExcludedPaths(raw);
     change(m_excludedRaw, raw, &AppState::excludedRawChanged);

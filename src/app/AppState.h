@@ -11,6 +11,7 @@
 #include "app/BackgroundWork.h"
 #include "app/Preferences.h"
 #include "app/Toast.h"
+#include "core/FileFilter.h"
 #include "core/ScanResult.h"
 #include "safety/DeletionRecords.h"
 
@@ -62,6 +63,9 @@ public:
     const std::vector<FileNode*>& explorerStack() const { return m_explorerStack; }
     void setExplorerStack(std::vector<FileNode*> stack);
 
+    const FileFilter& largeFilter() const { return m_largeFilter; }
+    void setLargeFilter(FileFilter filter);
+
     // Scan
     const ScanTarget& scanTarget() const { return m_scanTarget; }
     QString scanTargetLabel() const;
@@ -100,6 +104,11 @@ public:
     Q_INVOKABLE void closeAccessOnboarding();
 
     // Removal
+    SafetyVerdict verdict(std::string_view path) const { return m_services.safety.verdict(path); }
+    const SafetyPolicy& safety() const { return m_services.safety; }
+
+    /// Publishes a plan of these items, without those that lie below another of them. No items, no plan.
+    void proposePlan(std::vector<PlanItem> items, std::string title);
     const std::optional<DeletionPlan>& plan() const { return m_plan; }
     bool hasPlan() const { return m_plan.has_value(); }
     void setPlan(std::optional<DeletionPlan> plan);
@@ -112,6 +121,7 @@ public:
     void restoreEntries(const std::vector<HistoryEntry>& entries);
 
     // Preferences
+    Preferences& preferences() { return m_preferences; }
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
     bool permanentDelete() const { return m_permanentDelete; }
@@ -125,6 +135,7 @@ public:
 signals:
     void sectionChanged();
     void explorerStackChanged();
+    void largeFilterChanged();
     void scanTargetChanged();
     void isScanningChanged();
     void progressChanged();
@@ -165,6 +176,7 @@ private:
     int m_revision = 0;
     std::optional<VolumeInfo> m_volume;
     std::vector<FileNode*> m_explorerStack;
+    FileFilter m_largeFilter;
     std::shared_ptr<Scanner> m_scanner; // the running scan's; null when none runs
     std::optional<DeletionPlan> m_plan;
     std::optional<Toast> m_toast;

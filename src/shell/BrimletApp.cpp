@@ -1,6 +1,9 @@
 #include "shell/BrimletApp.h"
 
 #include "core/Localized.h"
+#include "core/TextFold.h"
+#include "junk/JunkCatalogue.h"
+#include "views/LocaleFold.h"
 
 #include <QCoreApplication>
 
@@ -21,15 +24,18 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_updater(m_updateCheck, m_opener, QStringLiteral(BRIMLET_VERSION))
     , m_appearance(fixedColors)
     , m_accessProbe(m_homeFolder)
-    , m_preferences(FilePreferencesStore::standardFile(m_homeFolder)) {
+    , m_preferences(FilePreferencesStore::standardFile(m_homeFolder))
+    , m_running(m_bundles)
+    , m_safety(m_homeFolder, junkCatalogue(), m_bundles, m_running) {
     setTextLookup(translated);
+    setTextFold(foldForLocale);
     addPackedFonts();
 }
 
 AppState& BrimletApp::state() {
     if (!m_state)
         m_state = std::make_unique<AppState>(
-            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels});
+            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_safety});
     return *m_state;
 }
 

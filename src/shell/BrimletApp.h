@@ -8,8 +8,11 @@
 #include "platform/linux/FeedUpdateCheck.h"
 #include "platform/linux/FilePreferencesStore.h"
 #include "platform/linux/LinuxAccessProbe.h"
+#include "platform/linux/LinuxBundleReader.h"
+#include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/LinuxSystemOpener.h"
 #include "platform/linux/LinuxVolumes.h"
+#include "safety/SafetyPolicy.h"
 #include "views/MainWindow.h"
 #include "views/WindowPanels.h"
 
@@ -43,6 +46,9 @@ private:
     LinuxAccessProbe m_accessProbe;
     FilePreferencesStore m_preferences;
     WindowPanels m_panels;
+    LinuxBundleReader m_bundles;
+    LinuxRunningApplications m_running;
+    SafetyPolicy m_safety;
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;
 };

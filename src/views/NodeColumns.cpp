@@ -134,6 +134,11 @@ void NodeColumns::prepareNames() {
     m_namesReady = true;
 }
 
+bool NodeColumns::nameBeginsWith(std::size_t i, std::string_view text) const {
+    const std::string folded = foldedText(text);
+    return m_namesReady ? foldedName(i).starts_with(folded) : foldedText(m_nodes[i]->name).starts_with(folded);
+}
+
 void NodeColumns::rankNames() {
     struct NamedRow {
         std::uint64_t beginning; ///< the first eight bytes of the text, which decide most comparisons

@@ -78,6 +78,9 @@ public:
     std::int64_t fileCount(std::size_t i) const { return m_fileCounts[i]; }
     const std::shared_ptr<const ScanResult>& scan() const { return m_scan; }
 
+    /// Whether a name begins with a text, case ignored. Any thread; quick once the names are prepared.
+    bool nameBeginsWith(std::size_t i, std::string_view text) const;
+
     /// Folds and ranks the names once; sorting by name and searching need it. One thread at a time.
     void prepareNames();
 
@@ -99,7 +102,7 @@ private:
     std::vector<std::int64_t> m_sizes;
     std::vector<std::int64_t> m_fileCounts;
 
-    bool m_namesReady = false;
+    std::atomic<bool> m_namesReady = false;
     std::string m_foldedNames; ///< all names one after the other
     std::vector<std::size_t> m_nameStarts;
     std::vector<std::uint32_t> m_nameRanks; ///< equal names have equal ranks

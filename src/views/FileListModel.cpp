@@ -1,0 +1,63 @@
+#include "views/FileListModel.h"
+
+#include "app/Formats.h"
+#include "core/Localized.h"
+#include "views/CsvExport.h"
+
+namespace brimlet {
+
+void FileListModel::setFilter(FilterEditor* filter) {
+    if (m_filter == filter)
+        return;
+    if (m_filter)
+        m_filter->disconnect(this);
+    m_filter = filter;
+    if (m_filter)
+        connect(m_filter, &FilterEditor::changed, this, &FileListModel::refresh);
+    emit filterChanged();
+    refresh();
+}
+
+void FileListModel::setOnlyKind(int kind) {
+    if (m_onlyKind == kind)
+        return;
+    m_onlyKind = kind;
+    emit onlyKindChanged();
+    refresh();
+}
+
+void FileListModel::refresh() {
+    if (!state() || !m_filter)
+        return;
+    if (!state()->hasScan()) {
+        listNothing();
+        return;
+    }
+    FileFilter filter = m_filter->value();
+    if (m_onlyKind >= 0)
+        filter.kinds = {static_cast<FileKind>(m_onlyKind)};
+    listFiles(state()->scan(), filter);
+}
+
+QString FileListModel::smallFilesNote() const {
+    if (m_onlyKind < 0 || !scan() || !m_filter || m_filter->value() != FileFilter())
+        return {};
+    const auto counted = scan()->kindCounts.find(static_cast<FileKind>(m_onlyKind));
+    if (counted == scan()->kindCounts.end() || counted->second <= count())
+        return {};
+    return tr("Only files over 512 KB are listed. The remaining %1 smaller files still count toward the totals.")
+        .arg(countText(counted->second - count(), QLocale()));
+}
+
+void FileListModel::exportCsv() {
+    const std::string base = m_onlyKind >= 0 ? localized(look(static_cast<FileKind>(m_onlyKind)).title) : "files";
+    state()->panels().chooseFileToSave(
+        "Brimlet-" + base + ".csv",
+        [this, self = QPointer(this), scan = scan(), nodes = listedNodes()](std::optional<std::string> path) {
+            if (!self || !path)
+                return;
+            m_work.run([path = *path, scan, nodes] { return writeAtomically(path, csvText(nodes)); }, [](bool) {});
+        });
+}
+
+} // namespace brimlet

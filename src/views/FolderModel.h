@@ -1,0 +1,25 @@
+// What lies directly in the Explorer's current folder. Main thread.
+#pragma once
+
+#include "views/NodeTableModel.h"
+
+namespace brimlet {
+
+class FolderModel : public NodeTableModel {
+    Q_OBJECT
+    QML_ELEMENT
+
+public:
+    explicit FolderModel(QObject* parent = nullptr)
+        : NodeTableModel(parent) {}
+
+    /// What a double click or Return does with a row: a folder that is no package is entered, anything else
+    /// shown in the file manager.
+    Q_INVOKABLE void activate(int row);
+
+protected:
+    void refresh() override;
+    void follow(AppState& state) override;
+};
+
+} // namespace brimlet

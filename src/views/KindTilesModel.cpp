@@ -1,0 +1,79 @@
+#include "views/KindTilesModel.h"
+
+#include "core/Localized.h"
+#include "views/NodeLook.h"
+
+#include <algorithm>
+#include <QColor>
+
+namespace brimlet {
+
+namespace {
+
+std::int64_t entryOf(const std::map<FileKind, std::int64_t>& totals, FileKind kind) {
+    const auto found = totals.find(kind);
+    return found != totals.end() ? found->second : 0;
+}
+
+} // namespace
+
+KindTilesModel::KindTilesModel(QObject* parent)
+    : QAbstractListModel(parent) {}
+
+void KindTilesModel::setState(AppState* state) {
+    if (m_state == state)
+        return;
+    if (m_state)
+        m_state->disconnect(this);
+    m_state = state;
+    if (m_state)
+        connect(m_state, &AppState::revisionChanged, this, &KindTilesModel::readScan);
+    emit stateChanged();
+    readScan();
+}
+
+void KindTilesModel::readScan() {
+    beginResetModel();
+    m_tiles.clear();
+    if (m_state && m_state->hasScan()) {
+        const ScanResult& scan = *m_state->scan();
+        for (const FileKind kind : allFileKinds())
+            m_tiles.push_back({kind, entryOf(scan.kindTotals, kind), entryOf(scan.kindCounts, kind)});
+        std::ranges::stable_sort(m_tiles, std::greater(), &Tile::size);
+    }
+    endResetModel();
+}
+
+int KindTilesModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_tiles.size());
+}
+
+QVariant KindTilesModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const Tile& tile = m_tiles[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case KindRole:
+        return static_cast<int>(tile.kind);
+    case Qt::DisplayRole:
+    case TitleRole:
+        return displayText(localized(look(tile.kind).title));
+    case SymbolRole:
+        return displayText(look(tile.kind).symbol);
+    case ColorRole:
+        return QColor::fromRgb(look(tile.kind).color);
+    case SizeRole:
+        return static_cast<qint64>(tile.size);
+    case CountRole:
+        return static_cast<qint64>(tile.count);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> KindTilesModel::roleNames() const {
+    return {{KindRole, "kind"},   {TitleRole, "title"}, {SymbolRole, "symbol"},
+            {ColorRole, "color"}, {SizeRole, "size"},   {CountRole, "fileCount"}};
+}
+
+} // namespace brimlet

@@ -1,0 +1,75 @@
+#include "views/NodeCard.h"
+
+#include "core/Localized.h"
+#include "core/Paths.h"
+#include "views/NodeLook.h"
+#include "views/NodePlans.h"
+
+namespace brimlet {
+
+namespace {
+constexpr std::size_t largestCount = 10;
+}
+
+void NodeCard::setMap(SunburstView* map) {
+    if (m_map == map)
+        return;
+    if (m_map)
+        m_map->disconnect(this);
+    m_map = map;
+    if (m_map)
+        connect(m_map, &SunburstView::focusChanged, this, &NodeCard::readNode);
+    emit mapChanged();
+    readNode();
+}
+
+const FileNode* NodeCard::node() const {
+    if (!m_map)
+        return nullptr;
+    return m_map->hovered() != nullptr ? m_map->hovered() : m_map->root();
+}
+
+void NodeCard::readNode() {
+    m_verdict = isEmpty() || !m_map->state() ? SafetyVerdict() : m_map->state()->verdict(node()->path());
+    emit changed();
+}
+
+QString NodeCard::name() const {
+    return isEmpty() ? QString() : displayName(*node());
+}
+
+QString NodeCard::symbol() const {
+    return isEmpty() ? QString() : symbolOf(*node());
+}
+
+QString NodeCard::category() const {
+    return isEmpty() ? QString() : displayText(localized(look(node()->bucket).title));
+}
+
+QColor NodeCard::categoryColor() const {
+    return isEmpty() ? QColor() : QColor::fromRgb(look(node()->bucket).color);
+}
+
+qint64 NodeCard::size() const {
+    return isEmpty() ? 0 : node()->size;
+}
+
+QString NodeCard::path() const {
+    return isEmpty() || !m_map->state() ? QString()
+                                        : displayText(displayPath(node()->path(), m_map->state()->homeFolder()));
+}
+
+QVariantList NodeCard::largest() const {
+    QVariantList rows;
+    if (isEmpty())
+        return rows;
+    for (const FileNode* child : largestChildren(*node(), largestCount)) {
+        rows << QVariantMap{{QStringLiteral("name"), displayName(*child)},
+                            {QStringLiteral("size"), static_cast<qint64>(child->size)},
+                            {QStringLiteral("symbol"), symbolOf(*child)},
+                            {QStringLiteral("color"), QColor::fromRgb(look(child->bucket).color)}};
+    }
+    return rows;
+}
+
+} // namespace brimlet

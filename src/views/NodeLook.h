@@ -1,0 +1,28 @@
+// How a node presents itself in words and symbols. The texts are for showing only: what is not UTF-8 is
+// replaced.
+#pragma once
+
+#include "core/FileNode.h"
+
+#include <string_view>
+
+#include <QString>
+
+namespace brimlet {
+
+QString displayText(std::string_view bytes);
+
+/// The last component of the node's path; for a root the last one of the path it was scanned from, and "Disk"
+/// for "/".
+QString displayName(const FileNode& node);
+
+/// A file's extension in capitals, or its kind's title where it has none.
+QString kindText(const FileNode& node);
+
+/// The name of its symbol in the icon table.
+QString symbolOf(const FileNode& node);
+
+/// A relative date; "—" for an unknown time.
+QString relativeTime(double secondsSince1970);
+
+} // namespace brimlet

@@ -1,0 +1,136 @@
+// The rows of a table of nodes: sorted and filtered away from the main thread, with a selection that survives
+// both. What a table shows is set by the models derived from this one. Main thread.
+#pragma once
+
+#include "app/AppState.h"
+#include "views/RowSelection.h"
+#include "views/RowWorker.h"
+
+#include <memory>
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+namespace brimlet {
+
+class NodeTableModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Use one of the models that say what is listed")
+
+    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
+    Q_PROPERTY(int count READ count NOTIFY rowsChanged)
+    Q_PROPERTY(qint64 totalSize READ totalSize NOTIFY rowsChanged)
+    Q_PROPERTY(int sortColumn READ sortColumn NOTIFY sortChanged)
+    Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY sortChanged)
+    Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
+    Q_PROPERTY(qint64 selectedSize READ selectedSize NOTIFY selectionChanged)
+    Q_PROPERTY(int currentRow READ currentRow NOTIFY selectionChanged) ///< where the keyboard is; -1 for nowhere
+
+public:
+    /// As NodeColumn, in its order; Risk can't be sorted by.
+    enum Column { Name, Size, Kind, Category, Modified, LastOpened, FileCount, Risk };
+    Q_ENUM(Column)
+
+    enum Role {
+        NameRole = Qt::UserRole,
+        FolderRole, ///< the parent folder, as shown
+        PathRole,   ///< normalised, for the tooltip
+        SizeRole,
+        SizeFractionRole, ///< of the largest row
+        ShareRole,        ///< of what the table is about, as text
+        KindTextRole,
+        KindColorRole,
+        SymbolRole,
+        CategoryRole,
+        CategoryColorRole,
+        ModifiedRole,
+        LastOpenedRole,
+        FileCountRole, ///< text; "—" for a file
+        RiskRole,      ///< 0 safe, 1 review, 2 protected
+        RiskReasonRole,
+        DirectoryRole,
+        UnreadableRole,
+        SelectedRole,
+    };
+
+    explicit NodeTableModel(QObject* parent = nullptr);
+    ~NodeTableModel() override;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    AppState* state() const { return m_state; }
+    void setState(AppState* state);
+    int count() const { return static_cast<int>(m_rows->order.size()); }
+    qint64 totalSize() const { return m_rows->totalSize; }
+    int sortColumn() const { return static_cast<int>(m_sort.column); }
+    bool sortDescending() const { return m_sort.direction == SortDirection::descending; }
+    int selectedCount() const { return static_cast<int>(m_selection.count()); }
+    qint64 selectedSize() const { return m_selection.totalSize(); }
+    int currentRow() const;
+
+    /// The column's own first direction, or the other one where it is sorted by already.
+    Q_INVOKABLE void sortBy(int column);
+
+    /// A click on a row: Shift extends, Control or Command toggles.
+    Q_INVOKABLE void click(int row, int modifiers);
+    /// Goes there by keyboard; rows outside are brought to the nearest end.
+    Q_INVOKABLE void goTo(int row, bool extend);
+    Q_INVOKABLE void selectAll();
+    Q_INVOKABLE void clearSelection();
+    Q_INVOKABLE bool isSelected(int row) const;
+    Q_INVOKABLE int firstSelectedRow() const; ///< -1 where none is
+
+    /// The next row, from the current one on and around, whose name begins with the text; -1 where none does.
+    Q_INVOKABLE int rowBeginningWith(const QString& text) const;
+
+    FileNode* nodeAt(int row) const;
+    std::vector<FileNode*> selectedNodes() const; ///< topmost first
+    std::vector<FileNode*> listedNodes() const;   ///< in the order of the list, not of the rows
+    std::shared_ptr<const ScanResult> scan() const { return m_columns->scan(); }
+
+signals:
+    void stateChanged();
+    void rowsChanged();
+    void sortChanged();
+    void selectionChanged();
+
+protected:
+    /// Called when the state's tree or what a table shows of it may have changed.
+    virtual void refresh() = 0;
+
+    /// Called once for each state, to follow its signals.
+    virtual void follow(AppState& state);
+
+    /// Lists all files of a scan that match. The same scan as before keeps its selection.
+    void listFiles(std::shared_ptr<const ScanResult> scan, const FileFilter& filter);
+
+    /// Lists what lies directly in a folder. The same folder as before keeps its selection.
+    void listChildren(std::shared_ptr<const ScanResult> scan, const FileNode& folder);
+
+    void listNothing();
+
+private:
+    void startList(std::shared_ptr<NodeColumns> columns);
+    void readDeleted();
+    void requestRows();
+    void takeRows(std::shared_ptr<const NodeRows> rows);
+    void changeSelection();
+    QVariant textData(const FileNode& node, int role) const;
+    QVariant figureData(std::size_t position, int role) const;
+    QVariant riskData(const FileNode& node, int role) const;
+
+    QPointer<AppState> m_state;
+    std::shared_ptr<NodeColumns> m_columns;
+    std::shared_ptr<const NodeBits> m_deleted = std::make_shared<NodeBits>();
+    std::shared_ptr<const NodeRows> m_rows = std::make_shared<NodeRows>();
+    RowSelection m_selection;
+    FileFilter m_filter;
+    NodeSort m_sort;
+    const FileNode* m_folder = nullptr; ///< whose children are listed; null for the files of a scan
+    RowWorker m_worker;
+};
+
+} // namespace brimlet

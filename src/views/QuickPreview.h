@@ -1,0 +1,67 @@
+// The quick look at one file: what it is at once, what is in it as soon as that has been read. Main thread.
+#pragma once
+
+#include "views/NodeActions.h"
+#include "views/PreviewContent.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+namespace brimlet {
+
+class QuickPreview : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
+    Q_PROPERTY(QString name READ name NOTIFY changed)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
+    Q_PROPERTY(QString details READ details NOTIFY changed) ///< kind, size and date in one line
+    Q_PROPERTY(QString path READ path NOTIFY changed)
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+    Q_PROPERTY(bool cut READ cut NOTIFY changed)
+    Q_PROPERTY(QImage image READ image NOTIFY changed)
+    Q_PROPERTY(bool hasImage READ hasImage NOTIFY changed)
+
+public:
+    explicit QuickPreview(QObject* parent = nullptr)
+        : QObject(parent) {}
+
+    bool isOpen() const { return m_isOpen; }
+    bool isLoading() const { return m_isLoading; }
+    QString name() const { return m_name; }
+    QString symbol() const { return m_symbol; }
+    QString details() const { return m_details; }
+    QString path() const { return m_shownPath; }
+    QString text() const { return m_content.text; }
+    bool cut() const { return m_content.cut; }
+    QImage image() const { return m_content.image; }
+    bool hasImage() const { return !m_content.image.isNull(); }
+
+    /// Opens on the first selected row, or closes. Returns whether there was anything to do.
+    Q_INVOKABLE bool toggle(brimlet::NodeTableModel* table);
+    /// While open, goes with the selection; closes when nothing is selected any more.
+    Q_INVOKABLE void followSelection(brimlet::NodeTableModel* table);
+    Q_INVOKABLE void showFirst(brimlet::NodeActions* actions);
+    Q_INVOKABLE void close();
+
+signals:
+    void changed();
+
+private:
+    void show(const FileNode& node);
+
+    bool m_isOpen = false;
+    bool m_isLoading = false;
+    std::string m_path; ///< as scanned
+    QString m_shownPath;
+    QString m_name;
+    QString m_symbol;
+    QString m_details;
+    PreviewContent m_content;
+    BackgroundWork m_work;
+};
+
+} // namespace brimlet

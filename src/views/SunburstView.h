@@ -1,0 +1,97 @@
+// The Explorer's radial map: draws the current folder, and answers pointer and keys. It changes nothing itself
+// but what is hovered; where to go leaves through signals. Main thread.
+#pragma once
+
+#include "app/AppState.h"
+#include "views/SunburstRaster.h"
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QtQml/qqmlregistration.h>
+#include <QVariantAnimation>
+#include <vector>
+
+namespace brimlet {
+
+class SunburstView : public QQuickItem {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
+    Q_PROPERTY(int zoomDuration MEMBER m_zoomDuration) ///< milliseconds; 0 for no transitions
+
+    // The centre's three lines, about what is hovered or else about the folder.
+    Q_PROPERTY(QString title READ title NOTIFY focusChanged)
+    Q_PROPERTY(qint64 size READ size NOTIFY focusChanged)
+    Q_PROPERTY(QString share READ share NOTIFY focusChanged) ///< of the folder; empty when nothing is hovered
+    Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY focusChanged)
+    Q_PROPERTY(bool isHovering READ isHovering NOTIFY focusChanged)
+    Q_PROPERTY(double ringWidth READ ringWidth NOTIFY ringWidthChanged)
+
+public:
+    static constexpr int maxDepth = 5;
+
+    explicit SunburstView(QQuickItem* parent = nullptr);
+    ~SunburstView() override;
+
+    AppState* state() const { return m_state; }
+    void setState(AppState* state);
+
+    QString title() const;
+    qint64 size() const;
+    QString share() const;
+    bool canGoUp() const { return m_root != nullptr && m_root->parent != nullptr; }
+    bool isHovering() const { return m_hovered != nullptr; }
+    double ringWidth() const { return geometry().ringWidth(); }
+
+    const std::vector<Arc>& arcs() const { return m_arcs; }
+    FileNode* root() const { return m_root; }
+    FileNode* hovered() const { return m_hovered; }
+    SunburstGeometry geometry() const { return {width(), height(), maxDepth}; }
+
+    /// Hovers a segment, as the pointer would; null for none.
+    void hover(const Arc* arc);
+    /// Goes into a folder that is no package; anything else is left alone.
+    void open(const Arc& arc);
+
+signals:
+    void stateChanged();
+    void focusChanged();
+    void ringWidthChanged();
+    void opened();
+    void upWanted();
+
+protected:
+    QSGNode* updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData* data) override;
+    void geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) override;
+    void hoverMoveEvent(QHoverEvent* event) override;
+    void hoverLeaveEvent(QHoverEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    void readTree();
+    SunburstLens lensFrom(const FileNode* previousRoot, const std::vector<Arc>& previousArcs) const;
+    void startZoom(const SunburstLens& from);
+    const Arc* hoveredArc() const;
+    const Arc* alongRing(const Arc* from, int step) const;
+    const Arc* inwards(const Arc* from) const;
+    const Arc* outwards(const Arc* from) const;
+    void redraw();
+
+    QPointer<AppState> m_state;
+    std::shared_ptr<const ScanResult> m_scan; ///< keeps the nodes
+    FileNode* m_root = nullptr;
+    FileNode* m_hovered = nullptr;
+    std::vector<Arc> m_arcs;
+    QVariantAnimation m_zoom;
+    SunburstLens m_zoomStart;
+    SunburstLens m_lens;
+    int m_zoomDuration = 0;
+    QImage m_image;
+    bool m_imageIsOld = true;
+};
+
+} // namespace brimlet
