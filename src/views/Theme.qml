@@ -29,7 +29,7 @@ QtObject {
     readonly property color dangerText: dark ? "#ff8589" : "#c0282f"
     readonly property color safeText: dark ? "#4fd585" : "#147a3f"
     readonly property color reviewText: dark ? "#f5b45c" : "#8f5600"
-    readonly property color onAccent: "#ffffff"
+    readonly property color textOnAccent: "#ffffff"
 
     // Meanings
     readonly property color accent: "#6e5bff"
