@@ -12,6 +12,8 @@ namespace {
 
 constexpr auto addCommands = {
     addScanCommand,
+    addJunkCommand,
+    addVerdictCommand,
 };
 
 int run(int argc, char** argv) {

@@ -108,8 +108,8 @@ TEST_F(JunkFinderTest, ageLimitHoldsToTheSecond) {
         home.setTimes("Downloads/" + std::string(name), 1, modified);
     }
     const test::HookedDirectoryLister undated(lister,
-                                              [](const std::string&, std::vector<DirectoryEntry>& entries) {
-                                                  for (DirectoryEntry& entry : entries) {
+                                              [](const std::string&, std::vector<ListedChild>& entries) {
+                                                  for (ListedChild& entry : entries) {
                                                       if (entry.name == "undated.dmg")
                                                           entry.modified.reset();
                                                   }
@@ -152,15 +152,14 @@ TEST_F(JunkFinderTest, whatVanishesAfterTheListingIsNoItem) {
     home.file(".cache/stays", block);
     home.file(".cache/goes/a", block);
     home.file(".cache/went", block);
-    const test::HookedDirectoryLister vanishing(lister,
-                                                [&](const std::string&, std::vector<DirectoryEntry>&) {
-                                                    std::filesystem::remove_all(home.path(".cache/goes"));
-                                                    std::filesystem::remove(home.path(".cache/went"));
-                                                });
+    const test::HookedDirectoryLister vanishing(lister, [&](const std::string&, std::vector<ListedChild>&) {
+        std::filesystem::remove_all(home.path(".cache/goes"));
+        std::filesystem::remove(home.path(".cache/went"));
+    });
     const JunkFinder late(home.root(), vanishing, access);
     EXPECT_THAT(names(late.scanRule(*junkRule("dot-cache"))), ElementsAre("stays"));
 
-    const test::HookedDirectoryLister allGone(lister, [&](const std::string&, std::vector<DirectoryEntry>&) {
+    const test::HookedDirectoryLister allGone(lister, [&](const std::string&, std::vector<ListedChild>&) {
         std::filesystem::remove_all(home.path(".cache"));
     });
     EXPECT_FALSE(JunkFinder(home.root(), allGone, access).scanRule(*junkRule("dot-cache")).has_value());
@@ -197,8 +196,9 @@ TEST_F(JunkFinderTest, findingsStandLargestTotalFirst) {
     home.file("large/b", 4 * block);
     home.file("middle/a", 6 * block);
     home.directory("nothing");
+    const std::string absolute = home.path("middle");
     const JunkRule rules[] = {madeUpRule("small", "small"), madeUpRule("nothing", "nothing"),
-                              madeUpRule("large", "large"), madeUpRule("middle", home.path("middle"))};
+                              madeUpRule("large", "large"), madeUpRule("middle", absolute)};
     std::vector<std::string_view> order;
     for (const JunkFinding& finding : finder.scan(rules))
         order.push_back(finding.rule.id);

@@ -11,13 +11,13 @@ namespace brimlet::test {
 /// The hook may be called from several threads at once.
 class HookedDirectoryLister final : public DirectoryLister {
 public:
-    using Hook = std::function<void(const std::string& folder, std::vector<DirectoryEntry>& entries)>;
+    using Hook = std::function<void(const std::string& folder, std::vector<ListedChild>& entries)>;
 
     HookedDirectoryLister(const DirectoryLister& real, Hook hook)
         : m_real(real)
         , m_hook(std::move(hook)) {}
 
-    std::optional<std::vector<DirectoryEntry>> children(const std::string& folder) const override {
+    std::optional<std::vector<ListedChild>> children(const std::string& folder) const override {
         auto entries = m_real.children(folder);
         if (entries)
             m_hook(folder, *entries);
