@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto addCommands = {
     addScanCommand,
+    addMeasureCommand,
     addJunkCommand,
     addVerdictCommand,
 };

@@ -1,0 +1,46 @@
+// A menu that drops from a button.
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Brimlet
+
+T.Menu {
+    id: control
+
+    property real widest: 0
+
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    implicitWidth: Math.max(Theme.sidebarWidth, widest) + leftPadding + rightPadding
+    margins: Theme.spaceS
+    overlap: 1
+    padding: Theme.spaceXs
+
+    onAboutToShow: {
+        let width = 0;
+        for (let row = 0; row < count; ++row)
+            width = Math.max(width, itemAt(row).implicitWidth);
+        widest = width;
+    }
+
+    background: Rectangle {
+        border.color: Theme.cardBorder
+        border.width: Theme.hairline
+        color: Theme.floating
+        radius: Theme.radiusControl + Theme.spaceXs
+
+        SoftShadow {}
+    }
+    contentItem: ListView {
+        clip: true
+        currentIndex: control.currentIndex
+        implicitHeight: contentHeight
+        interactive: contentHeight > height
+        model: control.contentModel
+    }
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; to: 0; duration: Theme.quick }
+    }
+}
