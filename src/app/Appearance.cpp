@@ -7,7 +7,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
+#include <QEvent>
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QPalette>
@@ -39,7 +39,13 @@ Appearance::Appearance(std::optional<ColorScheme> fixed, QObject* parent)
     , m_fixed(fixed)
     , m_textScale(std::clamp(QFontInfo(QGuiApplication::font()).pointSizeF() / usualPointSize, 1.0, 2.0)) {
     askPortal();
-    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &Appearance::changed);
+    qGuiApp->installEventFilter(this);
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+        emit changed();
+    return QObject::eventFilter(watched, event);
 }
 
 Appearance* Appearance::create(QQmlEngine* engine, QJSEngine*) {
@@ -72,8 +78,8 @@ void Appearance::askPortal() {
     const std::pair<const char*, const char*> settings[] = {{appearanceSpace, "color-scheme"},
                                                             {desktopSpace, "enable-animations"}};
     for (const auto& [space, key] : settings) {
-        QDBusMessage read =
-            QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, QStringLiteral("Read"));
+        QDBusMessage read = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface,
+                                                           QStringLiteral("Read"));
         read << QString::fromLatin1(space) << QString::fromLatin1(key);
         auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
         connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, space = space, key = key] {

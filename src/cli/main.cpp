@@ -12,6 +12,9 @@ namespace {
 
 constexpr auto addCommands = {
     addScanCommand,
+    addMeasureCommand,
+    addJunkCommand,
+    addVerdictCommand,
 };
 
 int run(int argc, char** argv) {

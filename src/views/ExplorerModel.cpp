@@ -56,8 +56,8 @@ QVariantList ExplorerModel::segments() const {
     if (isEmpty())
         return segments;
     for (const FileNode* child : largestChildren(*current(), segmentCount))
-        segments << QVariant::fromValue(Segment{displayText(child->name), displayText(child->name), child->size,
-                                                QColor::fromRgb(look(child->bucket).color)});
+        segments << QVariant::fromValue(Segment{displayText(child->name), displayText(child->name),
+                                                child->size, QColor::fromRgb(look(child->bucket).color)});
     return segments;
 }
 

@@ -21,7 +21,7 @@ class ExplorerModel : public QObject {
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(qint64 size READ size NOTIFY changed)
     Q_PROPERTY(qint64 fileCount READ fileCount NOTIFY changed)
-    Q_PROPERTY(QVariantList segments READ segments NOTIFY changed) ///< Segment of the largest children
+    Q_PROPERTY(QVariantList segments READ segments NOTIFY changed)        ///< Segment of the largest children
     Q_PROPERTY(QString smallFilesNote READ smallFilesNote NOTIFY changed) ///< empty where there are none
     Q_PROPERTY(bool showsMap READ showsMap WRITE setShowsMap NOTIFY showsMapChanged) ///< kept across starts
 

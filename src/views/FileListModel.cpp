@@ -45,18 +45,21 @@ QString FileListModel::smallFilesNote() const {
     const auto counted = scan()->kindCounts.find(static_cast<FileKind>(m_onlyKind));
     if (counted == scan()->kindCounts.end() || counted->second <= count())
         return {};
-    return tr("Only files over 512 KB are listed. The remaining %1 smaller files still count toward the totals.")
+    return tr("Only files over 512 KB are listed. The remaining %1 smaller files still count toward the "
+              "totals.")
         .arg(countText(counted->second - count(), QLocale()));
 }
 
 void FileListModel::exportCsv() {
-    const std::string base = m_onlyKind >= 0 ? localized(look(static_cast<FileKind>(m_onlyKind)).title) : "files";
+    const std::string base =
+        m_onlyKind >= 0 ? localized(look(static_cast<FileKind>(m_onlyKind)).title) : "files";
     state()->panels().chooseFileToSave(
         "Brimlet-" + base + ".csv",
         [this, self = QPointer(this), scan = scan(), nodes = listedNodes()](std::optional<std::string> path) {
             if (!self || !path)
                 return;
-            m_work.run([path = *path, scan, nodes] { return writeAtomically(path, csvText(nodes)); }, [](bool) {});
+            m_work.run([path = *path, scan, nodes] { return writeAtomically(path, csvText(nodes)); },
+                       [](bool) {});
         });
 }
 

@@ -11,7 +11,8 @@ class FileListModel : public NodeTableModel {
     QML_ELEMENT
 
     Q_PROPERTY(brimlet::FilterEditor* filter READ filter WRITE setFilter NOTIFY filterChanged REQUIRED)
-    Q_PROPERTY(int onlyKind READ onlyKind WRITE setOnlyKind NOTIFY onlyKindChanged) ///< a FileKind; -1 for all
+    Q_PROPERTY(
+        int onlyKind READ onlyKind WRITE setOnlyKind NOTIFY onlyKindChanged) ///< a FileKind; -1 for all
 
     /// How many files of the kind are too small to be listed, as a sentence; empty where none are or a filter
     /// is set.

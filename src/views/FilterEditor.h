@@ -1,5 +1,5 @@
-// One FileFilter as the filter bar edits it: either a screen's own, or the application's for Large & Old. Main
-// thread.
+// One FileFilter as the filter bar edits it: either a screen's own, or the application's for Large & Old.
+// Main thread.
 #pragma once
 
 #include "app/AppState.h"
@@ -17,14 +17,15 @@ class FilterEditor : public QObject {
 
     Q_PROPERTY(brimlet::AppState* shared READ shared WRITE setShared NOTIFY sharedChanged)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
-    Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY changed)       ///< -1: none of the options
-    Q_PROPERTY(int ageIndex READ ageIndex WRITE setAgeIndex NOTIFY changed)          ///< -1: none of the options
+    Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY changed) ///< -1: none of the options
+    Q_PROPERTY(int ageIndex READ ageIndex WRITE setAgeIndex NOTIFY changed)    ///< -1: none of the options
     Q_PROPERTY(int bucketIndex READ bucketIndex WRITE setBucketIndex NOTIFY changed) ///< 0: every category
     Q_PROPERTY(QStringList sizeOptions READ sizeOptions CONSTANT)
     Q_PROPERTY(QStringList ageOptions READ ageOptions CONSTANT)
     Q_PROPERTY(QStringList bucketOptions READ bucketOptions CONSTANT)
-    Q_PROPERTY(QVariantList kindChips READ kindChips NOTIFY changed) ///< title, symbol, color, active of each kind
-    Q_PROPERTY(QString pathPrefix READ pathPrefix NOTIFY changed)    ///< as shown; empty for none
+    Q_PROPERTY(
+        QVariantList kindChips READ kindChips NOTIFY changed) ///< title, symbol, color, active of each kind
+    Q_PROPERTY(QString pathPrefix READ pathPrefix NOTIFY changed) ///< as shown; empty for none
 
 public:
     explicit FilterEditor(QObject* parent = nullptr)

@@ -78,16 +78,18 @@ void NodeActions::remove() {
     if (first() == nullptr)
         return;
     const std::string title = tr("Delete Items").toStdString();
-    const bool holdsFolders = std::ranges::any_of(m_nodes, [](const FileNode* node) { return node->isDirectory; });
+    const bool holdsFolders =
+        std::ranges::any_of(m_nodes, [](const FileNode* node) { return node->isDirectory; });
     if (m_nodes.size() <= immediateCount || holdsFolders) {
         m_state->proposePlan(planItems(m_nodes, m_state->safety()), title);
         return;
     }
-    m_work.run([scan = m_scan, nodes = m_nodes, &safety = m_state->safety()] { return planItems(nodes, safety); },
-               [state = m_state, title](std::vector<PlanItem> items) {
-                   if (state)
-                       state->proposePlan(std::move(items), title);
-               });
+    m_work.run(
+        [scan = m_scan, nodes = m_nodes, &safety = m_state->safety()] { return planItems(nodes, safety); },
+        [state = m_state, title](std::vector<PlanItem> items) {
+            if (state)
+                state->proposePlan(std::move(items), title);
+        });
 }
 
 } // namespace brimlet

@@ -18,7 +18,7 @@ class NodeActions : public QObject {
 
     Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY nodesChanged)
-    Q_PROPERTY(bool canPreview READ canPreview NOTIFY nodesChanged) ///< the first is a file or a package
+    Q_PROPERTY(bool canPreview READ canPreview NOTIFY nodesChanged)   ///< the first is a file or a package
     Q_PROPERTY(bool isDirectory READ isDirectory NOTIFY nodesChanged) ///< the first is one
     Q_PROPERTY(QString deleteText READ deleteText NOTIFY nodesChanged)
 

@@ -55,8 +55,9 @@ qint64 NodeCard::size() const {
 }
 
 QString NodeCard::path() const {
-    return isEmpty() || !m_map->state() ? QString()
-                                        : displayText(displayPath(node()->path(), m_map->state()->homeFolder()));
+    return isEmpty() || !m_map->state()
+               ? QString()
+               : displayText(displayPath(node()->path(), m_map->state()->homeFolder()));
 }
 
 QVariantList NodeCard::largest() const {

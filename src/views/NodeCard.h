@@ -1,4 +1,5 @@
-// What the panel beside the map tells about one node: the hovered one, or else the current folder. Main thread.
+// What the panel beside the map tells about one node: the hovered one, or else the current folder. Main
+// thread.
 #pragma once
 
 #include "views/SunburstView.h"
@@ -24,7 +25,8 @@ class NodeCard : public QObject {
     Q_PROPERTY(QString path READ path NOTIFY changed)
     Q_PROPERTY(int risk READ risk NOTIFY changed)
     Q_PROPERTY(QString riskReason READ riskReason NOTIFY changed)
-    Q_PROPERTY(QVariantList largest READ largest NOTIFY changed) ///< name, size, symbol, color of the largest inside
+    Q_PROPERTY(
+        QVariantList largest READ largest NOTIFY changed) ///< name, size, symbol, color of the largest inside
 
 public:
     explicit NodeCard(QObject* parent = nullptr)

@@ -136,7 +136,8 @@ void NodeColumns::prepareNames() {
 
 bool NodeColumns::nameBeginsWith(std::size_t i, std::string_view text) const {
     const std::string folded = foldedText(text);
-    return m_namesReady ? foldedName(i).starts_with(folded) : foldedText(m_nodes[i]->name).starts_with(folded);
+    return m_namesReady ? foldedName(i).starts_with(folded)
+                        : foldedText(m_nodes[i]->name).starts_with(folded);
 }
 
 void NodeColumns::rankNames() {

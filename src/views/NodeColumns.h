@@ -68,8 +68,8 @@ public:
     /// scan  kept alive
     NodeColumns(std::shared_ptr<const ScanResult> scan, std::vector<FileNode*> nodes);
 
-    /// Copies what may change later, once. Called on the main thread where `nodes` holds folders; for files, whose
-    /// sizes stay, `rows` does it. Before that `size` and `fileCount` may not be asked for.
+    /// Copies what may change later, once. Called on the main thread where `nodes` holds folders; for files,
+    /// whose sizes stay, `rows` does it. Before that `size` and `fileCount` may not be asked for.
     void readSizes();
 
     std::size_t count() const { return m_nodes.size(); }

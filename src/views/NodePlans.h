@@ -10,8 +10,8 @@
 
 namespace brimlet {
 
-/// Where the Explorer goes for a node: from the root down to it, or for a file to its folder. Empty for a file
-/// without a parent.
+/// Where the Explorer goes for a node: from the root down to it, or for a file to its folder. Empty for a
+/// file without a parent.
 std::vector<FileNode*> explorerStackFor(FileNode& node);
 
 /// Up to `count` children that are not deleted, largest first; equal sizes keep their order.

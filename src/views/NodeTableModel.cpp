@@ -24,7 +24,8 @@ double nowInSeconds() {
 NodeTableModel::NodeTableModel(QObject* parent)
     : QAbstractListModel(parent)
     , m_columns(std::make_shared<NodeColumns>(nullptr, std::vector<FileNode*>()))
-    , m_worker([this](const RowRequest&, std::shared_ptr<const NodeRows> rows) { takeRows(std::move(rows)); }) {
+    , m_worker(
+          [this](const RowRequest&, std::shared_ptr<const NodeRows> rows) { takeRows(std::move(rows)); }) {
     m_selection.reset(m_columns);
 }
 
@@ -171,8 +172,9 @@ QVariant NodeTableModel::data(const QModelIndex& index, int role) const {
 QVariant NodeTableModel::textData(const FileNode& node, int role) const {
     switch (role) {
     case FolderRole:
-        return node.parent != nullptr && m_state ? displayText(displayPath(node.parent->path(), m_state->homeFolder()))
-                                                 : QString();
+        return node.parent != nullptr && m_state
+                   ? displayText(displayPath(node.parent->path(), m_state->homeFolder()))
+                   : QString();
     case PathRole:
         return displayText(normalisedPath(node.path()));
     case KindTextRole:
@@ -201,7 +203,8 @@ QVariant NodeTableModel::figureData(std::size_t position, int role) const {
     case SizeRole:
         return size;
     case SizeFractionRole:
-        return m_rows->largestSize > 0 ? static_cast<double>(size) / static_cast<double>(m_rows->largestSize) : 1.0;
+        return m_rows->largestSize > 0 ? static_cast<double>(size) / static_cast<double>(m_rows->largestSize)
+                                       : 1.0;
     case ShareRole:
         return percentText(size, m_folder != nullptr ? m_folder->size : m_rows->totalSize, QLocale());
     default:
@@ -213,7 +216,8 @@ QVariant NodeTableModel::riskData(const FileNode& node, int role) const {
     if (!m_state)
         return {};
     const SafetyVerdict verdict = m_state->verdict(node.path());
-    return role == RiskRole ? QVariant(static_cast<int>(verdict.risk)) : QVariant(displayText(verdict.reason));
+    return role == RiskRole ? QVariant(static_cast<int>(verdict.risk))
+                            : QVariant(displayText(verdict.reason));
 }
 
 int NodeTableModel::currentRow() const {
@@ -289,7 +293,8 @@ int NodeTableModel::rowBeginningWith(const QString& text) const {
 }
 
 FileNode* NodeTableModel::nodeAt(int row) const {
-    return row >= 0 && row < count() ? m_columns->node(m_rows->order[static_cast<std::size_t>(row)]) : nullptr;
+    return row >= 0 && row < count() ? m_columns->node(m_rows->order[static_cast<std::size_t>(row)])
+                                     : nullptr;
 }
 
 std::vector<FileNode*> NodeTableModel::selectedNodes() const {

@@ -25,7 +25,8 @@ class NodeTableModel : public QAbstractListModel {
     Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY sortChanged)
     Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
     Q_PROPERTY(qint64 selectedSize READ selectedSize NOTIFY selectionChanged)
-    Q_PROPERTY(int currentRow READ currentRow NOTIFY selectionChanged) ///< where the keyboard is; -1 for nowhere
+    Q_PROPERTY(
+        int currentRow READ currentRow NOTIFY selectionChanged) ///< where the keyboard is; -1 for nowhere
 
 public:
     /// As NodeColumn, in its order; Risk can't be sorted by.

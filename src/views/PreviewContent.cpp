@@ -21,7 +21,8 @@ constexpr int shownPixels = 1600;
 constexpr int imageMegabytes = 512; ///< decoded; a small file may claim any size
 
 /// Formats that are pictures and nothing else: no scripts, no references to other files.
-constexpr std::array<const char*, 8> imageFormats = {"png", "jpeg", "gif", "bmp", "webp", "tiff", "ico", "ppm"};
+constexpr std::array<const char*, 8> imageFormats = {"png",  "jpeg", "gif", "bmp",
+                                                     "webp", "tiff", "ico", "ppm"};
 
 /// A regular file open for reading, or -1. Looks before it opens: opening a device may do something.
 int openRegular(const std::string& path, struct stat& status) {
@@ -66,7 +67,8 @@ QImage decodeImage(QByteArray bytes) {
 }
 
 bool isControl(char c) {
-    return static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\r' && c != '\t' && c != '\f' && c != '\x1b';
+    return static_cast<unsigned char>(c) < 0x20 && c != '\n' && c != '\r' && c != '\t' && c != '\f' &&
+           c != '\x1b';
 }
 
 /// Empty where the bytes are no UTF-8 text.

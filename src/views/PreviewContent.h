@@ -1,5 +1,5 @@
-// Looks into a file for the quick preview: an image, the beginning of a text, or nothing of either. Never runs
-// anything, opens regular files only, and reads a bounded number of bytes.
+// Looks into a file for the quick preview: an image, the beginning of a text, or nothing of either. Never
+// runs anything, opens regular files only, and reads a bounded number of bytes.
 #pragma once
 
 #include <string>
@@ -10,8 +10,8 @@
 namespace brimlet {
 
 struct PreviewContent {
-    QImage image;   ///< null where it is none
-    QString text;   ///< empty where it is none
+    QImage image;     ///< null where it is none
+    QString text;     ///< empty where it is none
     bool cut = false; ///< the text goes on beyond what is shown
 };
 

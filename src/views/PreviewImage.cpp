@@ -16,7 +16,8 @@ void PreviewImage::paint(QPainter* painter) {
     QSizeF shown = m_image.size();
     if (shown.width() > room.width() || shown.height() > room.height())
         shown.scale(room, Qt::KeepAspectRatio);
-    const QRectF place(QPointF((room.width() - shown.width()) / 2, (room.height() - shown.height()) / 2), shown);
+    const QRectF place(QPointF((room.width() - shown.width()) / 2, (room.height() - shown.height()) / 2),
+                       shown);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawImage(place, m_image);
 }

@@ -106,7 +106,8 @@ void RowWindow::sourceReset() {
     emit offsetChanged();
 }
 
-void RowWindow::sourceDataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+void RowWindow::sourceDataChanged(const QModelIndex& first, const QModelIndex& last,
+                                  const QList<int>& roles) {
     for (int slot = 0; slot < m_slots; ++slot) {
         const qint64 row = rowInSlot(slot);
         if (row >= first.row() && row <= last.row())

@@ -1,7 +1,8 @@
 // The few rows of a long table that are in sight, each in a slot of its own.
 //
-// Scrolling hands the slot of a row that leaves to one that enters; the others keep theirs. Positions are whole
-// numbers of pixels in 64 bits, so a table may be longer than a view's 32-bit floats can tell apart. Main thread.
+// Scrolling hands the slot of a row that leaves to one that enters; the others keep theirs. Positions are
+// whole numbers of pixels in 64 bits, so a table may be longer than a view's 32-bit floats can tell apart.
+// Main thread.
 #pragma once
 
 #include <QAbstractListModel>

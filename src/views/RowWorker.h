@@ -16,7 +16,8 @@
 namespace brimlet {
 
 struct RowRequest {
-    std::shared_ptr<NodeColumns> columns; ///< the worker's alone, but for what its readers may ask, until answered
+    std::shared_ptr<NodeColumns>
+        columns; ///< the worker's alone, but for what its readers may ask, until answered
     FileFilter filter;
     NodeSort sort;
     std::shared_ptr<const NodeBits> deleted;

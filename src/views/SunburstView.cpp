@@ -60,7 +60,8 @@ void SunburstView::readTree() {
     redraw();
 }
 
-SunburstLens SunburstView::lensFrom(const FileNode* previousRoot, const std::vector<Arc>& previousArcs) const {
+SunburstLens SunburstView::lensFrom(const FileNode* previousRoot,
+                                    const std::vector<Arc>& previousArcs) const {
     const auto into = std::ranges::find(previousArcs, m_root, &Arc::node);
     if (into != previousArcs.end())
         return {into->start, (into->end - into->start) / fullCircle, static_cast<double>(into->depth)};
@@ -121,7 +122,8 @@ QSGNode* SunburstView::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*) {
         return nullptr;
     }
     const double ratio = window()->effectiveDevicePixelRatio();
-    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)), static_cast<int>(std::ceil(height() * ratio)));
+    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
+                       static_cast<int>(std::ceil(height() * ratio)));
     if (m_image.size() != pixels) {
         m_image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
         m_imageIsOld = true;

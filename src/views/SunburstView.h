@@ -1,5 +1,5 @@
-// The Explorer's radial map: draws the current folder, and answers pointer and keys. It changes nothing itself
-// but what is hovered; where to go leaves through signals. Main thread.
+// The Explorer's radial map: draws the current folder, and answers pointer and keys. It changes nothing
+// itself but what is hovered; where to go leaves through signals. Main thread.
 #pragma once
 
 #include "app/AppState.h"

@@ -85,7 +85,7 @@ TEST_F(FileFilterTest, equalityIncludesWhatMatchingIgnores) {
 }
 
 TEST(FileMatcher, oneMatcherGivesTheSameAnswersAsAFilterOnEachNode) {
-    const auto scan = test::randomTree(7);
+    const auto scan = test::randomScan(7);
     for (const char* query : {"3/file-4", "/", "folder 1", "9.m", "root/folder"}) {
         FileFilter filter;
         filter.query = query;

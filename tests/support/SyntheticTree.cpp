@@ -75,7 +75,7 @@ void SyntheticTree::addUp(FileNode& node) {
     }
 }
 
-std::shared_ptr<ScanResult> randomTree(std::uint32_t seed, const RandomTreeShape& shape) {
+std::shared_ptr<ScanResult> randomScan(std::uint32_t seed, const RandomScanShape& shape) {
     constexpr std::array<std::string_view, 8> extensions = {".mov", ".JPG", ".pdf", ".zip",
                                                             ".dmg", ".cpp", "",     ".flac"};
     std::mt19937 random(seed);

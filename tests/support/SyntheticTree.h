@@ -36,13 +36,13 @@ private:
     std::unordered_map<FileNode*, std::vector<FileNode*>> m_children;
 };
 
-struct RandomTreeShape {
+struct RandomScanShape {
     int directories = 200;
     int files = 1'000;
     int distinctSizes = 1'000'000; ///< few give many equal sizes
 };
 
 /// Folders below folders and files in them, sizes spread over six powers of ten, times over ten years.
-std::shared_ptr<ScanResult> randomTree(std::uint32_t seed, const RandomTreeShape& shape = {});
+std::shared_ptr<ScanResult> randomScan(std::uint32_t seed, const RandomScanShape& shape = {});
 
 } // namespace brimlet::test

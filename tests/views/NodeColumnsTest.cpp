@@ -68,7 +68,7 @@ double plainKey(const FileNode& node, NodeColumn column) {
 
 TEST(NodeColumns, everyColumnSortsStablyInBothDirections) {
     for (std::uint32_t seed = 1; seed <= 5; ++seed) {
-        const auto scan = test::randomTree(seed, {.directories = 20, .files = 3'000, .distinctSizes = 3});
+        const auto scan = test::randomScan(seed, {.directories = 20, .files = 3'000, .distinctSizes = 3});
         scan->files[5]->modified = -12.5;
         scan->files[6]->modified = 0;
         NodeColumns columns(scan, scan->files);
@@ -93,7 +93,7 @@ TEST(NodeColumns, everyColumnSortsStablyInBothDirections) {
 }
 
 TEST(NodeColumns, listsWhatMatchesAndIsNotDeleted) {
-    const auto scan = test::randomTree(11);
+    const auto scan = test::randomScan(11);
     NodeColumns columns(scan, scan->files);
     FileFilter filter;
     filter.query = "FILE-1";

@@ -79,7 +79,7 @@ TEST(SunburstArcs, theThirteenthColourIsTheFirst) {
 
 TEST(SunburstArcs, ringsNeverOverlapAndChildrenStayWithinTheirParents) {
     for (std::uint32_t seed = 1; seed <= 30; ++seed) {
-        const auto scan = test::randomTree(seed, {.directories = 300, .files = 2'000, .distinctSizes = 50});
+        const auto scan = test::randomScan(seed, {.directories = 300, .files = 2'000, .distinctSizes = 50});
         const std::vector<Arc> arcs = collectArcs(*scan->root, rings);
         std::vector<double> ringEnd(rings + 1, 0);
         std::vector<const Arc*> line; // the segments around the current one, one for each ring
@@ -120,7 +120,7 @@ bool liesIn(const Arc& arc, double dx, double dy, double ringWidth) {
 
 TEST(SunburstGeometry, hitTestAgreesWithPlainPolarGeometry) {
     for (std::uint32_t seed = 1; seed <= 10; ++seed) {
-        const auto scan = test::randomTree(seed);
+        const auto scan = test::randomScan(seed);
         const std::vector<Arc> arcs = collectArcs(*scan->root, rings);
         const SunburstGeometry geometry(900, 620, rings);
         std::mt19937 random(seed);
@@ -201,7 +201,7 @@ bool shows(const QImage& image, double x, double y, std::uint32_t color, double 
 }
 
 TEST(SunburstRaster, drawsEachSegmentWhereTheHitTestFindsIt) {
-    const auto scan = test::randomTree(3, {.directories = 100, .files = 500});
+    const auto scan = test::randomScan(3, {.directories = 100, .files = 500});
     const std::vector<Arc> arcs = collectArcs(*scan->root, rings);
     std::vector<double> opacities;
     for (const Arc& arc : arcs)
