@@ -16,7 +16,8 @@ Image {
     implicitWidth: size
     smooth: true
     source: symbol === "" ? "" : "image://icon/" + symbol + "?" + encodeURIComponent(String(color))
-    sourceSize: Qt.size(drawnSize, drawnSize)
+    sourceSize.height: drawnSize
+    sourceSize.width: drawnSize
     width: size
 
     Accessible.ignored: true

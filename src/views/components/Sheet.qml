@@ -21,7 +21,7 @@ T.Popup {
     dim: true
     focus: true
     height: Math.min(implicitHeight, roomHeight)
-    implicitHeight: column.implicitHeight + topPadding + bottomPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     modal: true
     padding: Theme.spaceXl
     parent: T.Overlay.overlay
@@ -53,13 +53,12 @@ T.Popup {
     }
     contentItem: FocusScope {
         focus: true
+        implicitHeight: children[0].implicitHeight
 
         Accessible.name: sheet.title
         Accessible.role: Accessible.Dialog
 
         ColumnLayout {
-            id: column
-
             anchors.fill: parent
             spacing: Theme.spaceXl
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // The soft shadow of what floats, as stacked rectangles: it costs nothing and needs no graphics card.
 import QtQuick
 import Brimlet

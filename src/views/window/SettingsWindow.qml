@@ -19,7 +19,7 @@ ApplicationWindow {
         wrapMode: Text.Wrap
     }
     Shortcut {
-        sequences: [StandardKey.Close, "Escape"]
+        sequences: ["Ctrl+W", "Escape"]
         onActivated: close()
     }
 }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // The sections in their groups, and the disk at the foot. One stop of the Tab key; the arrows choose.
 import QtQuick
 import QtQuick.Layouts
