@@ -37,6 +37,11 @@ PlatformError notOurs(std::string_view sentence) {
     return {ErrorDomain::posix, EINVAL, std::nullopt, localized(sentence)};
 }
 
+/// What is gone already needs no tidying.
+Failure unlessGone(const PlatformError& error) {
+    return error == errorFromErrno(ENOENT) ? std::nullopt : Failure(error);
+}
+
 bool isSameFolder(FileSystemCalls& calls, int one, int other) {
     FileStatus first;
     FileStatus second;
@@ -135,26 +140,26 @@ Result<std::optional<FileIdentity>> LinuxFileRemoval::identity(std::string_view 
 Failure LinuxFileRemoval::removeScratch(std::string_view path) {
     const Result<WalkedEntry> entry = walkToEntry(m_calls, path);
     if (const PlatformError* error = errorIn(entry))
-        return *error;
+        return unlessGone(*error);
     const auto& scratch = *std::get_if<WalkedEntry>(&entry);
     if (!isScratchName(scratch.name))
         return notOurs("This is not left over from a removal.");
-    Failure failure = TreeRemover(m_calls).remove(scratch.parent.folder.number(), scratch.name);
-    return failure == Failure(errorFromErrno(ENOENT)) ? std::nullopt : failure;
+    const Failure failure = TreeRemover(m_calls).remove(scratch.parent.folder.number(), scratch.name);
+    return failure ? unlessGone(*failure) : std::nullopt;
 }
 
 Failure LinuxFileRemoval::returnToPlace(std::string_view setAside, std::string_view originalPath) {
     const Result<WalkedEntry> entry = walkToEntry(m_calls, setAside);
     const Result<WalkedEntry> place = walkToEntry(m_calls, originalPath);
     if (const PlatformError* error = errorIn(entry) != nullptr ? errorIn(entry) : errorIn(place))
-        return *error;
+        return unlessGone(*error);
     const auto& aside = *std::get_if<WalkedEntry>(&entry);
     const auto& target = *std::get_if<WalkedEntry>(&place);
     if (!isScratchName(aside.name))
         return notOurs("This is not left over from a removal.");
     const int result = renameExclusively(m_calls, aside.parent.folder.number(), aside.name,
                                          target.parent.folder.number(), target.name);
-    return result < 0 && result != -ENOENT ? Failure(errorFromErrno(-result)) : std::nullopt;
+    return result < 0 ? unlessGone(errorFromErrno(-result)) : std::nullopt;
 }
 
 } // namespace brimlet
