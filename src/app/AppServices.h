@@ -29,7 +29,7 @@ struct AppServices {
     SystemOpener& opener;
     PreferencesStore& preferences;
     Panels& panels;
-    const SafetyPolicy& safety;
+    const SafetyPolicy& policy;
     ScanWalk scanWalk = [](Scanner& scanner, const auto& rootPath, const auto& excluded,
                            const auto& progress) { return scanner.scan(rootPath, excluded, progress); };
 };

@@ -105,11 +105,11 @@ public:
     Q_INVOKABLE void closeAccessOnboarding();
 
     // Removal
-    SafetyVerdict verdict(std::string_view path) const { return m_services.safety.verdict(path); }
-    const SafetyPolicy& safety() const { return m_services.safety; }
+    SafetyVerdict verdict(std::string_view path) const { return m_services.policy.verdict(path); }
+    const SafetyPolicy& policy() const { return m_services.policy; }
 
     /// Publishes a plan of these items, without those that lie below another of them. No items, no plan.
-    void proposePlan(std::vector<PlanItem> items, std::string title);
+    void proposePlan(std::vector<PlanItem> items, const std::string& title);
     const std::optional<DeletionPlan>& plan() const { return m_plan; }
     bool hasPlan() const { return m_plan.has_value(); }
     void setPlan(std::optional<DeletionPlan> plan);

@@ -1,33 +1,12 @@
 // The removal side of AppState: what is pending, what was done, what was refused.
 #include "app/AppState.h"
+#include "safety/DeletionPlanning.h"
 
 namespace brimlet {
 
-namespace {
-
-/// Whether any folder around a path is in the set.
-bool liesBelowAny(std::string_view path, const std::unordered_set<std::string>& paths) {
-    for (std::size_t slash = path.rfind('/'); slash != std::string_view::npos && slash > 0;
-         slash = path.rfind('/', slash - 1)) {
-        if (paths.contains(std::string(path.substr(0, slash))))
-            return true;
-    }
-    return false;
-}
-
-} // namespace
-
-void AppState::proposePlan(std::vector<PlanItem> items, std::string title) {
-    if (items.empty())
-        return;
-    std::unordered_set<std::string> paths;
-    for (const PlanItem& item : items)
-        paths.insert(item.path);
-    std::erase_if(items, [&](const PlanItem& item) { return liesBelowAny(item.path, paths); });
-    DeletionPlan plan;
-    plan.title = std::move(title);
-    plan.items = std::move(items);
-    setPlan(std::move(plan));
+void AppState::proposePlan(std::vector<PlanItem> items, const std::string& title) {
+    if (std::optional<DeletionPlan> plan = planOf(items, title))
+        setPlan(std::move(plan));
 }
 
 void AppState::setPlan(std::optional<DeletionPlan> plan) {

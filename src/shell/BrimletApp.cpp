@@ -26,7 +26,7 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_accessProbe(m_homeFolder)
     , m_preferences(FilePreferencesStore::standardFile(m_homeFolder))
     , m_running(m_bundles)
-    , m_safety(m_homeFolder, junkCatalogue(), m_bundles, m_running) {
+    , m_policy(m_homeFolder, junkCatalogue(), m_bundles, m_running) {
     setTextLookup(translated);
     setTextFold(foldForLocale);
     addPackedFonts();
@@ -35,7 +35,7 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
 AppState& BrimletApp::state() {
     if (!m_state)
         m_state = std::make_unique<AppState>(
-            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_safety});
+            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_policy});
     return *m_state;
 }
 

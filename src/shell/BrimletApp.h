@@ -48,7 +48,7 @@ private:
     WindowPanels m_panels;
     LinuxBundleReader m_bundles;
     LinuxRunningApplications m_running;
-    SafetyPolicy m_safety;
+    SafetyPolicy m_policy;
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;
 };

@@ -57,7 +57,8 @@ QVariantList ExplorerModel::segments() const {
         return segments;
     for (const FileNode* child : largestChildren(*current(), segmentCount))
         segments << QVariant::fromValue(Segment{displayText(child->name), displayText(child->name),
-                                                child->size, QColor::fromRgb(look(child->bucket).color)});
+                                                static_cast<double>(child->size),
+                                                QColor::fromRgb(look(child->bucket).color)});
     return segments;
 }
 

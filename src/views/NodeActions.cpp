@@ -81,11 +81,11 @@ void NodeActions::remove() {
     const bool holdsFolders =
         std::ranges::any_of(m_nodes, [](const FileNode* node) { return node->isDirectory; });
     if (m_nodes.size() <= immediateCount || holdsFolders) {
-        m_state->proposePlan(planItems(m_nodes, m_state->safety()), title);
+        m_state->proposePlan(planItems(m_nodes, m_state->policy()), title);
         return;
     }
     m_work.run(
-        [scan = m_scan, nodes = m_nodes, &safety = m_state->safety()] { return planItems(nodes, safety); },
+        [scan = m_scan, nodes = m_nodes, &policy = m_state->policy()] { return planItems(nodes, policy); },
         [state = m_state, title](std::vector<PlanItem> items) {
             if (state)
                 state->proposePlan(std::move(items), title);

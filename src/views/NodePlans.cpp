@@ -23,13 +23,13 @@ std::vector<FileNode*> largestChildren(const FileNode& node, std::size_t count) 
     return children;
 }
 
-std::vector<PlanItem> planItems(std::span<FileNode* const> nodes, const SafetyPolicy& safety) {
+std::vector<PlanItem> planItems(std::span<FileNode* const> nodes, const SafetyPolicy& policy) {
     std::vector<PlanItem> items;
     items.reserve(nodes.size());
     for (const FileNode* node : nodes) {
         std::string path = node->path();
         std::string name(lastPathComponent(path));
-        SafetyVerdict verdict = safety.verdict(path);
+        SafetyVerdict verdict = policy.verdict(path);
         items.push_back({std::move(path), std::move(name), node->size, Removal::trash, std::move(verdict)});
     }
     return items;

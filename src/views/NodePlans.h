@@ -19,6 +19,6 @@ std::vector<FileNode*> largestChildren(const FileNode& node, std::size_t count);
 
 /// One item a node, to the Trash, at the path as scanned.
 /// thread  any that keeps the ScanResult, as long as no node is a folder
-std::vector<PlanItem> planItems(std::span<FileNode* const> nodes, const SafetyPolicy& safety);
+std::vector<PlanItem> planItems(std::span<FileNode* const> nodes, const SafetyPolicy& policy);
 
 } // namespace brimlet
