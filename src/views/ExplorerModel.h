@@ -19,8 +19,8 @@ class ExplorerModel : public QObject {
     Q_PROPERTY(QStringList crumbs READ crumbs NOTIFY changed)
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
-    Q_PROPERTY(qint64 size READ size NOTIFY changed)
-    Q_PROPERTY(qint64 fileCount READ fileCount NOTIFY changed)
+    Q_PROPERTY(double size READ size NOTIFY changed)
+    Q_PROPERTY(double fileCount READ fileCount NOTIFY changed)
     Q_PROPERTY(QVariantList segments READ segments NOTIFY changed)        ///< Segment of the largest children
     Q_PROPERTY(QString smallFilesNote READ smallFilesNote NOTIFY changed) ///< empty where there are none
     Q_PROPERTY(bool showsMap READ showsMap WRITE setShowsMap NOTIFY showsMapChanged) ///< kept across starts
@@ -35,8 +35,8 @@ public:
     QStringList crumbs() const;
     bool canGoUp() const { return m_state && m_state->explorerStack().size() > 1; }
     QString title() const;
-    qint64 size() const { return isEmpty() ? 0 : current()->size; }
-    qint64 fileCount() const { return isEmpty() ? 0 : current()->fileCount; }
+    double size() const { return isEmpty() ? 0 : static_cast<double>(current()->size); }
+    double fileCount() const { return isEmpty() ? 0 : static_cast<double>(current()->fileCount); }
     QVariantList segments() const;
     QString smallFilesNote() const;
     bool showsMap() const;

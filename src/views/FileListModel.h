@@ -6,7 +6,7 @@
 
 namespace brimlet {
 
-class FileListModel : public NodeTableModel {
+class FileListModel : public brimlet::NodeTableModel { // qualified for the QML type registration
     Q_OBJECT
     QML_ELEMENT
 

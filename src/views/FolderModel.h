@@ -5,7 +5,7 @@
 
 namespace brimlet {
 
-class FolderModel : public NodeTableModel {
+class FolderModel : public brimlet::NodeTableModel { // qualified for the QML type registration
     Q_OBJECT
     QML_ELEMENT
 

@@ -50,8 +50,8 @@ QColor NodeCard::categoryColor() const {
     return isEmpty() ? QColor() : QColor::fromRgb(look(node()->bucket).color);
 }
 
-qint64 NodeCard::size() const {
-    return isEmpty() ? 0 : node()->size;
+double NodeCard::size() const {
+    return isEmpty() ? 0 : static_cast<double>(node()->size);
 }
 
 QString NodeCard::path() const {

@@ -21,7 +21,7 @@ class NodeCard : public QObject {
     Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
     Q_PROPERTY(QString category READ category NOTIFY changed)
     Q_PROPERTY(QColor categoryColor READ categoryColor NOTIFY changed)
-    Q_PROPERTY(qint64 size READ size NOTIFY changed)
+    Q_PROPERTY(double size READ size NOTIFY changed)
     Q_PROPERTY(QString path READ path NOTIFY changed)
     Q_PROPERTY(int risk READ risk NOTIFY changed)
     Q_PROPERTY(QString riskReason READ riskReason NOTIFY changed)
@@ -39,7 +39,7 @@ public:
     QString symbol() const;
     QString category() const;
     QColor categoryColor() const;
-    qint64 size() const;
+    double size() const;
     QString path() const;
     int risk() const { return static_cast<int>(m_verdict.risk); }
     QString riskReason() const { return QString::fromStdString(m_verdict.reason); }

@@ -20,11 +20,11 @@ class NodeTableModel : public QAbstractListModel {
 
     Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY rowsChanged)
-    Q_PROPERTY(qint64 totalSize READ totalSize NOTIFY rowsChanged)
+    Q_PROPERTY(double totalSize READ totalSize NOTIFY rowsChanged)
     Q_PROPERTY(int sortColumn READ sortColumn NOTIFY sortChanged)
     Q_PROPERTY(bool sortDescending READ sortDescending NOTIFY sortChanged)
     Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
-    Q_PROPERTY(qint64 selectedSize READ selectedSize NOTIFY selectionChanged)
+    Q_PROPERTY(double selectedSize READ selectedSize NOTIFY selectionChanged)
     Q_PROPERTY(
         int currentRow READ currentRow NOTIFY selectionChanged) ///< where the keyboard is; -1 for nowhere
 
@@ -65,11 +65,11 @@ public:
     AppState* state() const { return m_state; }
     void setState(AppState* state);
     int count() const { return static_cast<int>(m_rows->order.size()); }
-    qint64 totalSize() const { return m_rows->totalSize; }
+    double totalSize() const { return static_cast<double>(m_rows->totalSize); }
     int sortColumn() const { return static_cast<int>(m_sort.column); }
     bool sortDescending() const { return m_sort.direction == SortDirection::descending; }
     int selectedCount() const { return static_cast<int>(m_selection.count()); }
-    qint64 selectedSize() const { return m_selection.totalSize(); }
+    double selectedSize() const { return static_cast<double>(m_selection.totalSize()); }
     int currentRow() const;
 
     /// The column's own first direction, or the other one where it is sorted by already.

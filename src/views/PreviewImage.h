@@ -1,7 +1,8 @@
-// Shows an image whole, centred, never larger than it is.
+// Shows the image of a quick preview whole, centred, never larger than it is.
 #pragma once
 
-#include <QImage>
+#include "views/QuickPreview.h"
+
 #include <QQuickPaintedItem>
 #include <QtQml/qqmlregistration.h>
 
@@ -10,17 +11,21 @@ namespace brimlet {
 class PreviewImage : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(QImage image MEMBER m_image NOTIFY imageChanged)
+    Q_PROPERTY(brimlet::QuickPreview* preview READ preview WRITE setPreview NOTIFY previewChanged REQUIRED)
 
 public:
-    explicit PreviewImage(QQuickItem* parent = nullptr);
+    explicit PreviewImage(QQuickItem* parent = nullptr)
+        : QQuickPaintedItem(parent) {}
+
+    QuickPreview* preview() const { return m_preview; }
+    void setPreview(QuickPreview* preview);
     void paint(QPainter* painter) override;
 
 signals:
-    void imageChanged();
+    void previewChanged();
 
 private:
-    QImage m_image;
+    QPointer<QuickPreview> m_preview;
 };
 
 } // namespace brimlet

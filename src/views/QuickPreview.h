@@ -22,7 +22,6 @@ class QuickPreview : public QObject {
     Q_PROPERTY(QString path READ path NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
     Q_PROPERTY(bool cut READ cut NOTIFY changed)
-    Q_PROPERTY(QImage image READ image NOTIFY changed)
     Q_PROPERTY(bool hasImage READ hasImage NOTIFY changed)
 
 public:
@@ -37,7 +36,7 @@ public:
     QString path() const { return m_shownPath; }
     QString text() const { return m_content.text; }
     bool cut() const { return m_content.cut; }
-    QImage image() const { return m_content.image; }
+    const QImage& image() const { return m_content.image; }
     bool hasImage() const { return !m_content.image.isNull(); }
 
     /// Opens on the first selected row, or closes. Returns whether there was anything to do.

@@ -14,11 +14,15 @@ void RowWindow::setSource(QAbstractItemModel* source) {
         m_source->disconnect(this);
     m_source = source;
     if (m_source) {
-        connect(m_source, &QAbstractItemModel::modelReset, this, &RowWindow::sourceReset);
+        connect(m_source, &QAbstractItemModel::modelReset, this, &RowWindow::layOut);
         connect(m_source, &QAbstractItemModel::dataChanged, this, &RowWindow::sourceDataChanged);
     }
     emit sourceChanged();
-    resetSlots();
+    // Another source has other roles.
+    beginResetModel();
+    m_slots = 0;
+    endResetModel();
+    layOut();
 }
 
 void RowWindow::setRowHeight(int height) {
@@ -38,23 +42,25 @@ void RowWindow::setHeight(int height) {
 }
 
 void RowWindow::setOffset(qint64 offset) {
-    const qint64 last = std::max<qint64>(contentHeight() - m_height, 0);
-    const qint64 wanted = std::clamp<qint64>(offset, 0, last);
+    const qint64 wanted = withinContent(offset);
     if (wanted == m_offset)
         return;
     m_offset = wanted;
     emit offsetChanged();
-    const qint64 previousTop = std::exchange(m_topRow, m_offset / m_rowHeight);
-    // Every row moved; only a slot whose row changed needs anything but its place.
+    const qint64 previousTop = std::exchange(m_topRow, topRowAtOffset());
+    // Every row moved; only a slot whose row changed needs more than its new place.
     for (int slot = 0; slot < m_slots; ++slot) {
-        const qint64 before = previousTop + (slot - previousTop % m_slots + m_slots) % m_slots;
-        const qint64 after = m_topRow + (slot - m_topRow % m_slots + m_slots) % m_slots;
-        emit dataChanged(index(slot), index(slot), before == after ? QList<int>{PositionRole} : QList<int>{});
+        const bool sameRow = rowInSlot(slot, previousTop) == rowInSlot(slot, m_topRow);
+        emit dataChanged(index(slot), index(slot), sameRow ? QList<int>{PositionRole} : QList<int>{});
     }
 }
 
-qint64 RowWindow::contentHeight() const {
-    return sourceRows() * m_rowHeight;
+qint64 RowWindow::withinContent(qint64 offset) const {
+    return std::clamp<qint64>(offset, 0, std::max<qint64>(heightOfAll() - m_height, 0));
+}
+
+qint64 RowWindow::topRowAtOffset() const {
+    return std::clamp<qint64>(m_offset / m_rowHeight, 0, sourceRows() - m_slots);
 }
 
 void RowWindow::show(int row) {
@@ -74,32 +80,26 @@ qint64 RowWindow::sourceRows() const {
     return m_source ? m_source->rowCount() : 0;
 }
 
-qint64 RowWindow::rowInSlot(int slot) const {
-    const qint64 row = m_topRow + (slot - m_topRow % m_slots + m_slots) % m_slots;
-    return row < sourceRows() ? row : -1;
+qint64 RowWindow::rowInSlot(int slot, qint64 topRow) const {
+    return topRow + (slot - topRow % m_slots + m_slots) % m_slots;
 }
 
 void RowWindow::layOut() {
-    const int wanted = m_height / m_rowHeight + 2;
-    if (wanted != m_slots)
-        resetSlots();
-    setOffset(m_offset);
-    emit contentHeightChanged();
-}
-
-void RowWindow::resetSlots() {
-    beginResetModel();
-    m_slots = m_height / m_rowHeight + 2;
-    m_topRow = m_offset / m_rowHeight;
-    endResetModel();
-    emit contentHeightChanged();
-    setOffset(m_offset);
-}
-
-void RowWindow::sourceReset() {
+    const int wanted = static_cast<int>(std::min<qint64>(m_height / m_rowHeight + 2, sourceRows()));
+    if (wanted > m_slots) {
+        beginInsertRows({}, m_slots, wanted - 1);
+        m_slots = wanted;
+        m_topRow = topRowAtOffset();
+        endInsertRows();
+    } else if (wanted < m_slots) {
+        beginRemoveRows({}, wanted, m_slots - 1);
+        m_slots = wanted;
+        m_topRow = topRowAtOffset();
+        endRemoveRows();
+    }
+    m_offset = withinContent(m_offset);
+    m_topRow = topRowAtOffset();
     // The slots stay, each with another row: making their delegates anew would take longer than a frame.
-    m_offset = std::clamp<qint64>(m_offset, 0, std::max<qint64>(contentHeight() - m_height, 0));
-    m_topRow = m_offset / m_rowHeight;
     if (m_slots > 0)
         emit dataChanged(index(0), index(m_slots - 1));
     emit contentHeightChanged();
@@ -109,7 +109,7 @@ void RowWindow::sourceReset() {
 void RowWindow::sourceDataChanged(const QModelIndex& first, const QModelIndex& last,
                                   const QList<int>& roles) {
     for (int slot = 0; slot < m_slots; ++slot) {
-        const qint64 row = rowInSlot(slot);
+        const qint64 row = rowInSlot(slot, m_topRow);
         if (row >= first.row() && row <= last.row())
             emit dataChanged(index(slot), index(slot), roles);
     }
@@ -122,12 +122,12 @@ int RowWindow::rowCount(const QModelIndex& parent) const {
 QVariant RowWindow::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= m_slots || !m_source)
         return {};
-    const qint64 row = rowInSlot(index.row());
+    const qint64 row = rowInSlot(index.row(), m_topRow);
     if (role == RowRole)
         return static_cast<int>(row);
     if (role == PositionRole)
-        return static_cast<int>(std::max<qint64>(row, 0) * m_rowHeight - m_offset);
-    return row >= 0 ? m_source->data(m_source->index(static_cast<int>(row), 0), role) : QVariant();
+        return static_cast<int>(row * m_rowHeight - m_offset);
+    return m_source->data(m_source->index(static_cast<int>(row), 0), role);
 }
 
 QHash<int, QByteArray> RowWindow::roleNames() const {

@@ -18,8 +18,8 @@ class RowWindow : public QAbstractListModel {
     Q_PROPERTY(QAbstractItemModel* source READ source WRITE setSource NOTIFY sourceChanged REQUIRED)
     Q_PROPERTY(int rowHeight READ rowHeight WRITE setRowHeight NOTIFY layoutEdited)
     Q_PROPERTY(int height READ height WRITE setHeight NOTIFY layoutEdited) ///< of the view
-    Q_PROPERTY(qint64 offset READ offset WRITE setOffset NOTIFY offsetChanged)
-    Q_PROPERTY(qint64 contentHeight READ contentHeight NOTIFY contentHeightChanged)
+    Q_PROPERTY(double offset READ offset WRITE setOffsetValue NOTIFY offsetChanged)
+    Q_PROPERTY(double contentHeight READ contentHeight NOTIFY contentHeightChanged)
 
 public:
     enum Role { RowRole = Qt::UserRole - 2, PositionRole };
@@ -32,9 +32,10 @@ public:
     void setRowHeight(int height);
     int height() const { return m_height; }
     void setHeight(int height);
-    qint64 offset() const { return m_offset; }
+    double offset() const { return static_cast<double>(m_offset); }
     void setOffset(qint64 offset); ///< brought within the content
-    qint64 contentHeight() const;
+    void setOffsetValue(double offset) { setOffset(static_cast<qint64>(offset)); }
+    double contentHeight() const { return static_cast<double>(heightOfAll()); }
 
     /// Scrolls as little as brings a row into sight.
     Q_INVOKABLE void show(int row);
@@ -53,10 +54,11 @@ signals:
 
 private:
     qint64 sourceRows() const;
-    qint64 rowInSlot(int slot) const; ///< -1 for a slot without a row
+    qint64 heightOfAll() const { return sourceRows() * m_rowHeight; }
+    qint64 withinContent(qint64 offset) const;
+    qint64 topRowAtOffset() const; ///< so that every slot has a row
+    qint64 rowInSlot(int slot, qint64 topRow) const;
     void layOut();
-    void resetSlots();
-    void sourceReset();
     void sourceDataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
 
     QPointer<QAbstractItemModel> m_source;

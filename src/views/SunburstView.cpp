@@ -84,9 +84,9 @@ QString SunburstView::title() const {
     return node != nullptr ? displayName(*node) : QString();
 }
 
-qint64 SunburstView::size() const {
+double SunburstView::size() const {
     const FileNode* node = m_hovered != nullptr ? m_hovered : m_root;
-    return node != nullptr ? std::max<qint64>(node->size, 0) : 0;
+    return node != nullptr ? static_cast<double>(std::max<std::int64_t>(node->size, 0)) : 0;
 }
 
 QString SunburstView::share() const {

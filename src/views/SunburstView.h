@@ -22,7 +22,7 @@ class SunburstView : public QQuickItem {
 
     // The centre's three lines, about what is hovered or else about the folder.
     Q_PROPERTY(QString title READ title NOTIFY focusChanged)
-    Q_PROPERTY(qint64 size READ size NOTIFY focusChanged)
+    Q_PROPERTY(double size READ size NOTIFY focusChanged)
     Q_PROPERTY(QString share READ share NOTIFY focusChanged) ///< of the folder; empty when nothing is hovered
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY focusChanged)
     Q_PROPERTY(bool isHovering READ isHovering NOTIFY focusChanged)
@@ -38,7 +38,7 @@ public:
     void setState(AppState* state);
 
     QString title() const;
-    qint64 size() const;
+    double size() const; ///< bytes, never negative
     QString share() const;
     bool canGoUp() const { return m_root != nullptr && m_root->parent != nullptr; }
     bool isHovering() const { return m_hovered != nullptr; }

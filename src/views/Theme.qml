@@ -42,6 +42,7 @@ QtObject {
     // Type. Sizes follow the system's text size.
     readonly property string wordFamily: "Inter"
     readonly property string figureFamily: "Roboto"
+    readonly property string codeFamily: "monospace"
     readonly property int displaySize: scaled(34)
     readonly property int titleSize: scaled(24)
     readonly property int headingSize: scaled(15)
@@ -62,6 +63,16 @@ QtObject {
     readonly property int tallRowHeight: scaled(46)
     readonly property int controlHeight: scaled(32)
     readonly property int largeControlHeight: scaled(40)
+    readonly property int nameColumn: scaled(220)
+    readonly property int columnXs: scaled(64)
+    readonly property int columnS: scaled(88)
+    readonly property int columnM: scaled(112)
+    readonly property int columnL: scaled(150)
+    readonly property int columnMinimum: scaled(48)
+    readonly property int sidePanelWidth: 280
+    readonly property int tileWidth: scaled(148)
+    readonly property int fieldWidth: scaled(280)
+    readonly property int smallDot: 7
     readonly property int iconButtonSize: scaled(28)
     readonly property int sidebarWidth: scaled(216)
     readonly property int toolbarHeight: scaled(52)
@@ -94,6 +105,7 @@ QtObject {
     readonly property int quick: animated ? 120 : 0
     readonly property int gentle: animated ? 220 : 0
     readonly property int turn: 1400
+    readonly property int typeAheadPause: 900
 
     function scaled(size: int): int {
         return Math.round(size * Appearance.textScale);

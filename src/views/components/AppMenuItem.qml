@@ -8,6 +8,7 @@ T.MenuItem {
     id: control
 
     property string shortcut
+    property bool destructive: false
 
     implicitHeight: Theme.controlHeight
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
@@ -28,6 +29,7 @@ T.MenuItem {
 
         AppText {
             Layout.fillWidth: true
+            color: control.destructive ? Theme.dangerText : Theme.text
             text: control.text
             Accessible.ignored: true
         }

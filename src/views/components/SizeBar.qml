@@ -7,6 +7,7 @@ Rectangle {
 
     property real fraction: 0
     property alias fillColor: fill.color
+    property bool animated: true ///< off where the bar takes turns at showing different things
 
     color: Theme.track
     implicitHeight: Theme.barThickness
@@ -24,7 +25,7 @@ Rectangle {
         visible: bar.fraction > 0
         width: Math.max(bar.height, bar.width * Math.min(1, bar.fraction))
 
-        Behavior on width { NumberAnimation { duration: Theme.gentle; easing.type: Easing.OutCubic } }
-        Behavior on color { ColorAnimation { duration: Theme.gentle } }
+        Behavior on width { enabled: bar.animated; NumberAnimation { duration: Theme.gentle; easing.type: Easing.OutCubic } }
+        Behavior on color { enabled: bar.animated; ColorAnimation { duration: Theme.gentle } }
     }
 }

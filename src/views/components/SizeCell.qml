@@ -10,6 +10,7 @@ ColumnLayout {
     required property real size ///< bytes
     property real fraction: 0
     property alias color: bar.fillColor
+    property alias animated: bar.animated
 
     spacing: Theme.spaceXs
 

@@ -7,7 +7,10 @@ FocusScope {
     id: host
 
     readonly property var screens: ({
-        "overview": "OverviewView.qml"
+        "overview": "OverviewView.qml",
+        "explorer": "ExplorerView.qml",
+        "types": "TypesView.qml",
+        "large": "LargeFilesView.qml"
     })
 
     Loader {

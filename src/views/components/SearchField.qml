@@ -1,0 +1,78 @@
+// A field to search by, with a button that empties it.
+import QtQuick
+import QtQuick.Templates as T
+import Brimlet
+
+T.TextField {
+    id: control
+
+    signal edited
+
+    color: Theme.text
+    font.family: Theme.wordFamily
+    font.pixelSize: Theme.bodySize
+    implicitHeight: Theme.controlHeight
+    implicitWidth: Theme.fieldWidth
+    leftPadding: Theme.spaceS + Theme.iconSmall + Theme.spaceS
+    placeholderTextColor: Theme.textSecondary
+    rightPadding: clear.visible ? clear.width + Theme.spaceXs : Theme.spaceS
+    selectByMouse: true
+    selectedTextColor: Theme.text
+    selectionColor: Theme.selection
+    verticalAlignment: TextInput.AlignVCenter
+
+    Accessible.name: placeholderText
+    Accessible.role: Accessible.EditableText
+    Accessible.searchEdit: true
+
+    Keys.onEscapePressed: event => {
+        event.accepted = text !== "";
+        clear.clicked();
+    }
+    onTextEdited: edited()
+
+    background: Rectangle {
+        border.color: Theme.cardBorder
+        border.width: Theme.hairline
+        color: Theme.card
+        radius: Theme.radiusControl
+
+        FocusRing {
+            shown: control.activeFocus
+        }
+    }
+
+    AppText {
+        color: control.placeholderTextColor
+        height: parent.height
+        text: control.placeholderText
+        visible: control.text === "" && control.preeditText === ""
+        width: parent.width - control.leftPadding - control.rightPadding
+        x: control.leftPadding
+        Accessible.ignored: true
+    }
+    Icon {
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spaceS
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.textSecondary
+        size: Theme.iconSmall
+        symbol: "magnifyingglass"
+    }
+    IconButton {
+        id: clear
+
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spaceXs / 2
+        anchors.verticalCenter: parent.verticalCenter
+        focusPolicy: Qt.NoFocus
+        symbol: "xmark.circle.fill"
+        text: qsTr("Clear search")
+        visible: control.text !== ""
+
+        onClicked: {
+            control.clear();
+            control.edited();
+        }
+    }
+}

@@ -1,0 +1,90 @@
+// The Explorer's map with the label in its centre, and the panel beside it.
+import QtQuick
+import QtQuick.Layouts
+import Brimlet
+import Brimlet.App
+
+RowLayout {
+    id: pane
+
+    required property ExplorerModel explorer
+
+    spacing: Theme.spaceL
+
+    Item {
+        Layout.fillHeight: true
+        Layout.fillWidth: true
+
+        SunburstView {
+            id: map
+
+            anchors.fill: parent
+            focus: true
+            state: App
+            zoomDuration: Theme.gentle
+
+            Accessible.name: qsTr("Map of %1").arg(pane.explorer.title)
+            Accessible.description: qsTr("Arrow keys move between segments, Return opens a folder, Backspace goes up.")
+            Accessible.focusable: true
+            Accessible.role: Accessible.Chart
+
+            onUpWanted: pane.explorer.goUp()
+        }
+        Rectangle {
+            anchors.centerIn: parent
+            border.color: map.activeFocus ? Theme.accent : "transparent"
+            border.width: Theme.focusWidth
+            color: Theme.card
+            height: 2 * map.ringWidth - 2 * Theme.spaceXs
+            radius: height / 2
+            width: height
+        }
+        ColumnLayout {
+            anchors.centerIn: parent
+            spacing: Theme.spaceXs / 2
+            width: 2 * map.ringWidth - 2 * Theme.spaceL
+
+            AppText {
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                fontSizeMode: Text.HorizontalFit
+                horizontalAlignment: Text.AlignHCenter
+                kind: AppText.Heading
+                minimumPixelSize: font.pixelSize * 0.7
+                text: map.title
+            }
+            AppText {
+                Layout.fillWidth: true
+                figures: true
+                font.pixelSize: Theme.headingSize + Theme.spaceXs
+                font.weight: Font.Bold
+                fontSizeMode: Text.HorizontalFit
+                horizontalAlignment: Text.AlignHCenter
+                minimumPixelSize: font.pixelSize * 0.7
+                text: Formats.bytes(map.size)
+            }
+            RowLayout {
+                Layout.alignment: Qt.AlignHCenter
+                spacing: Theme.spaceXs
+                visible: map.isHovering || map.canGoUp
+
+                Icon {
+                    color: Theme.textSecondary
+                    size: Theme.captionSize
+                    symbol: "arrow.up"
+                    visible: !map.isHovering
+                }
+                AppText {
+                    kind: AppText.Caption
+                    text: map.isHovering ? map.share : qsTr("Up")
+                }
+            }
+        }
+    }
+    MapSidePanel {
+        Layout.bottomMargin: Theme.spaceXl
+        Layout.fillHeight: true
+        Layout.preferredWidth: Theme.sidePanelWidth
+        map: map
+    }
+}

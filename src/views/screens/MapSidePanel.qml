@@ -1,0 +1,116 @@
+// What the map's hovered segment is, or the current folder where none is hovered.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Brimlet
+import Brimlet.App
+
+Card {
+    id: panel
+
+    required property SunburstView map
+
+    NodeCard {
+        id: node
+
+        map: panel.map
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Theme.spaceM
+
+        FileIcon {
+            size: Theme.iconHuge
+            symbol: node.symbol
+            tint: node.categoryColor
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 0
+
+            AppText {
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                kind: AppText.Heading
+                text: node.name
+            }
+            AppText {
+                Layout.fillWidth: true
+                color: Theme.textSecondary
+                text: node.category
+            }
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+
+        AppText {
+            Layout.fillWidth: true
+            figures: true
+            kind: AppText.Title
+            text: Formats.bytes(node.size)
+        }
+        RiskBadge {
+            risk: node.risk
+
+            HoverHandler {
+                id: riskHover
+            }
+            AppToolTip {
+                text: node.riskReason
+                visible: riskHover.hovered
+            }
+        }
+    }
+    AppText {
+        Layout.fillWidth: true
+        elide: Text.ElideMiddle
+        kind: AppText.Caption
+        text: node.path
+    }
+    AppText {
+        Layout.fillWidth: true
+        Layout.topMargin: Theme.spaceS
+        font.weight: Font.DemiBold
+        text: qsTr("Largest items")
+        visible: node.largest.length > 0
+    }
+    Repeater {
+        model: node.largest
+
+        RowLayout {
+            id: row
+
+            required property var modelData
+
+            Layout.fillWidth: true
+            spacing: Theme.spaceS
+
+            LegendDot {
+                color: row.modelData.color
+                implicitHeight: Theme.smallDot
+                implicitWidth: Theme.smallDot
+            }
+            AppText {
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                text: row.modelData.name
+            }
+            AppText {
+                color: Theme.textSecondary
+                figures: true
+                text: Formats.bytes(row.modelData.size)
+            }
+        }
+    }
+    Item {
+        Layout.fillHeight: true
+    }
+    AppText {
+        Layout.fillWidth: true
+        kind: AppText.Caption
+        text: qsTr("Hover to inspect, click a ring to open a folder, click the centre to go up.")
+        wrapMode: Text.Wrap
+    }
+}
