@@ -1,22 +1,11 @@
 #include "shell/BrimletApp.h"
 
-#include "core/Localized.h"
+#include "app/Translation.h"
 #include "core/TextFold.h"
 #include "junk/JunkCatalogue.h"
 #include "views/LocaleFold.h"
 
-#include <QCoreApplication>
-
 namespace brimlet {
-
-namespace {
-
-/// The texts of the layers below stand in the translations' context "brimlet".
-std::string translated(std::string_view english) {
-    return QCoreApplication::translate("brimlet", std::string(english).c_str()).toStdString();
-}
-
-} // namespace
 
 BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedColors)
     : m_homeFolder(std::move(homeFolder))
@@ -27,7 +16,7 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_preferences(FilePreferencesStore::standardFile(m_homeFolder))
     , m_running(m_bundles)
     , m_policy(m_homeFolder, junkCatalogue(), m_bundles, m_running) {
-    setTextLookup(translated);
+    connectTranslations();
     setTextFold(foldForLocale);
     addPackedFonts();
 }
