@@ -16,9 +16,9 @@
 namespace brimlet {
 
 /// Runs one scan on the calling thread, as Scanner::scan does.
-using ScanWalk = std::function<std::shared_ptr<ScanResult>(
-    Scanner& scanner, const std::string& rootPath, const std::unordered_set<std::string>& excluded,
-    const Scanner::Progress& progress)>;
+using ScanWalk = std::function<std::shared_ptr<ScanResult>(Scanner& scanner, const std::string& rootPath,
+                                                           const std::unordered_set<std::string>& excluded,
+                                                           const Scanner::Progress& progress)>;
 
 /// All references outlive the AppState that is given them.
 struct AppServices {

@@ -43,7 +43,8 @@ class AppState : public QObject {
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasPlan READ hasPlan NOTIFY planChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY hasFullDiskAccessChanged)
-    Q_PROPERTY(bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
+    Q_PROPERTY(
+        bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
     Q_PROPERTY(bool showAccessOnboarding READ showAccessOnboarding NOTIFY showAccessOnboardingChanged)
 
 public:

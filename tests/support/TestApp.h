@@ -20,8 +20,8 @@ public:
     /// Created on first use, so that a test can set the services up before.
     AppState& state() {
         if (!m_state)
-            m_state = std::make_unique<AppState>(AppServices{
-                homeFolder, volumes, probe, opener, preferences, *activePanels, scanWalk});
+            m_state = std::make_unique<AppState>(
+                AppServices{homeFolder, volumes, probe, opener, preferences, *activePanels, scanWalk});
         return *m_state;
     }
 
