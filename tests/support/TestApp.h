@@ -21,8 +21,8 @@ public:
     /// Created on first use, so that a test can set the services up before.
     AppState& state() {
         if (!m_state)
-            m_state = std::make_unique<AppState>(AppServices{
-                homeFolder, volumes, probe, opener, preferences, *activePanels, policy, scanWalk});
+            m_state = std::make_unique<AppState>(AppServices{homeFolder, volumes, probe, opener, preferences,
+                                                             *activePanels, policy, scanWalk});
         return *m_state;
     }
 

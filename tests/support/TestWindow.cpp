@@ -20,7 +20,8 @@ void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& me
         ADD_FAILURE() << message.toStdString();
 }
 
-MainWindow buildWindow(TestApp& app, Appearance& appearance, UpdateController& updates, WindowPanels& panels) {
+MainWindow buildWindow(TestApp& app, Appearance& appearance, UpdateController& updates,
+                       WindowPanels& panels) {
     app.activePanels = &panels;
     appearance.setReducedMotion(true);
     return {app.state(), appearance, updates, panels};
@@ -46,7 +47,8 @@ void TestWindow::resize(int width, int height) {
 
 int runWindowTests(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    for (const auto& [name, value] : {std::pair("QT_QPA_PLATFORM", "offscreen"), {"QT_QUICK_BACKEND", "software"}}) {
+    for (const auto& [name, value] :
+         {std::pair("QT_QPA_PLATFORM", "offscreen"), {"QT_QUICK_BACKEND", "software"}}) {
         if (!qEnvironmentVariableIsSet(name))
             qputenv(name, value);
     }

@@ -242,7 +242,7 @@ TEST(MainWindow, everythingIsReachedByTab) {
     app.preferences.values["initialSection"] = std::string("overview");
     TestWindow window(app);
     for (const char* name :
-         {"Sections", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
+         {"Overview", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
         EXPECT_TRUE(window.driver().tabTo(name)) << name;
     window.driver().key(Qt::Key_Space);
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
@@ -256,7 +256,8 @@ TEST(MainWindow, sheetKeepsTheKeyboardAndGivesItBack) {
     WindowDriver& driver = window.driver();
     ASSERT_TRUE(driver.tabTo("Home Folder Only"));
     driver.key(Qt::Key_Return);
-    ASSERT_TRUE(eventually([&] { return driver.focused() == "Open Settings"; })) << driver.focused().toStdString();
+    ASSERT_TRUE(eventually([&] { return driver.focused() == "Open Settings"; }))
+        << driver.focused().toStdString();
     EXPECT_FALSE(driver.tabTo("Home Folder Only", 10));
     ASSERT_TRUE(driver.tabTo("Scan Without Access"));
     driver.key(Qt::Key_Return);

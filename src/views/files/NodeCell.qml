@@ -10,7 +10,7 @@ Item {
 
     required property string role ///< what it shows of the row
     required property var row ///< the NodeRow it belongs to
-    property bool right: false
+    property bool alignsRight: false
 
     Loader {
         anchors.fill: parent
@@ -127,8 +127,8 @@ Item {
 
         AppText {
             color: Theme.textSecondary
-            figures: cell.right
-            horizontalAlignment: cell.right ? Text.AlignRight : Text.AlignLeft
+            figures: cell.alignsRight
+            horizontalAlignment: cell.alignsRight ? Text.AlignRight : Text.AlignLeft
             text: cell.row.cellText(cell.role)
             Accessible.ignored: true
         }

@@ -68,7 +68,7 @@ Rectangle {
 
                 role: modelData.cell
                 height: row.height
-                right: modelData.right === true
+                alignsRight: modelData.right === true
                 width: row.widths[index] ?? 0
                 row: row
             }
