@@ -31,7 +31,7 @@ ColumnLayout {
             columns: [
                 { title: qsTr("Name"), column: NodeTableModel.Name, cell: "name" },
                 { title: qsTr("Size"), column: NodeTableModel.Size, cell: "size", width: Theme.columnM, right: true },
-                { title: qsTr("Kind"), column: NodeTableModel.Kind, cell: "kindText", width: Theme.columnS },
+                { title: qsTr("Kind"), column: NodeTableModel.Kind, cell: "kind", width: Theme.columnS },
                 { title: qsTr("Category"), column: NodeTableModel.Category, cell: "category", width: Theme.columnL },
                 { title: qsTr("Modified"), column: NodeTableModel.Modified, cell: "modified", width: Theme.columnM },
                 { title: qsTr("Last opened"), column: NodeTableModel.LastOpened, cell: "lastOpened", width: Theme.columnM },

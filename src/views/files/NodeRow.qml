@@ -1,13 +1,12 @@
-// One row of a table of nodes.
-pragma ComponentBehavior: Bound
-
+// One row of a table of nodes. A cell without a width in `widths` is not shown.
 import QtQuick
 import Brimlet
 import Brimlet.App
 
 Rectangle {
-    id: row
+    id: nodeRow
 
+    required property int row
     required property int position
     required property string name
     required property string folder
@@ -28,25 +27,41 @@ Rectangle {
     required property bool directory
     required property bool unreadable
     required property bool selected
-    required property int row
 
-    property var columns: []
-    property var widths: []
+    property var widths: ({}) ///< by cell
     property bool current: false
     property bool hovered: false
     property bool showsFolder: false
 
+    component Cell: Item {
+        property real wanted: 0
+        default property alias content: inside.data
+
+        height: parent.height
+        visible: wanted > 0
+        width: wanted
+
+        Item {
+            id: inside
+
+            anchors.fill: parent
+            anchors.leftMargin: Theme.spaceS
+            anchors.rightMargin: Theme.spaceS
+        }
+    }
+    component Words: AppText {
+        anchors.fill: parent
+        color: Theme.textSecondary
+        Accessible.ignored: true
+    }
+
     color: selected ? Theme.selection : hovered ? Theme.hover : "transparent"
     radius: Theme.radiusControl
 
-    Accessible.name: name + ", " + cellText("size")
+    Accessible.name: name + ", " + Formats.bytes(size)
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: selected
-
-    function cellText(cell: string): string {
-        return cell === "size" ? Formats.bytes(size) : String(row[cell]);
-    }
 
     Rectangle {
         anchors.fill: parent
@@ -54,23 +69,106 @@ Rectangle {
         border.width: Theme.hairline
         color: "transparent"
         radius: parent.radius
-        visible: row.current
+        visible: nodeRow.current
     }
     Row {
         anchors.fill: parent
 
-        Repeater {
-            model: row.columns
+        Cell {
+            wanted: nodeRow.widths.name ?? 0
 
-            NodeCell {
-                required property int index
-                required property var modelData
+            NameCell {
+                anchors.fill: parent
+                folder: nodeRow.showsFolder ? nodeRow.folder : ""
+                name: nodeRow.name
+                path: nodeRow.path
+                symbol: nodeRow.symbol
+                tint: nodeRow.directory ? nodeRow.categoryColor : nodeRow.kindColor
+                unreadable: nodeRow.unreadable
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.size ?? 0
 
-                role: modelData.cell
-                height: row.height
-                alignsRight: modelData.right === true
-                width: row.widths[index] ?? 0
-                row: row
+            SizeCell {
+                anchors.verticalCenter: parent.verticalCenter
+                animated: false
+                fraction: nodeRow.sizeFraction
+                size: nodeRow.size
+                width: parent.width
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.share ?? 0
+
+            Words {
+                figures: true
+                horizontalAlignment: Text.AlignRight
+                text: nodeRow.share
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.fileCount ?? 0
+
+            Words {
+                figures: true
+                horizontalAlignment: Text.AlignRight
+                text: nodeRow.fileCount
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.kind ?? 0
+
+            DotCell {
+                anchors.fill: parent
+                dot: nodeRow.kindColor
+                text: nodeRow.kindText
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.category ?? 0
+
+            Words {
+                text: nodeRow.category
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.categoryDot ?? 0
+
+            DotCell {
+                anchors.fill: parent
+                dot: nodeRow.categoryColor
+                text: nodeRow.category
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.modified ?? 0
+
+            Words {
+                text: nodeRow.modified
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.lastOpened ?? 0
+
+            Words {
+                text: nodeRow.lastOpened
+            }
+        }
+        Cell {
+            wanted: nodeRow.widths.risk ?? 0
+
+            RiskBadge {
+                anchors.verticalCenter: parent.verticalCenter
+                risk: nodeRow.risk
+
+                HoverHandler {
+                    id: riskHover
+                }
+                AppToolTip {
+                    text: nodeRow.riskReason
+                    visible: riskHover.hovered
+                }
             }
         }
     }

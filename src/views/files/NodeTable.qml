@@ -20,6 +20,7 @@ FocusScope {
     readonly property real fixedWidth: columns.reduce((sum, one, i) => i === 0 ? sum : sum + widthOf(i), 0)
     readonly property real nameWidth: chosenWidths[0] ?? Math.max(Theme.nameColumn, width - fixedWidth)
     readonly property var widths: columns.map((one, i) => i === 0 ? nameWidth : widthOf(i))
+    readonly property var cellWidths: columns.reduce((all, one, i) => Object.assign(all, { [one.cell]: widths[i] }), {})
     readonly property real rowsWidth: Math.max(width, nameWidth + fixedWidth)
 
     function widthOf(index: int): real {
@@ -78,11 +79,10 @@ FocusScope {
                 id: rows
 
                 anchors.fill: parent
-                columns: view.columns
                 focus: true
                 showsFolder: view.showsFolder
                 table: view.table
-                widths: view.widths
+                widths: view.cellWidths
 
                 onActivated: row => view.activated(row)
                 onMenuWanted: view.openMenu()

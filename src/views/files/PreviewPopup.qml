@@ -11,7 +11,7 @@ T.Popup {
 
     readonly property bool hasContent: preview.hasImage || preview.text !== ""
 
-    closePolicy: T.Popup.CloseOnPressOutside
+    closePolicy: T.Popup.NoAutoClose
     focus: false
     height: parent ? Math.round(hasContent ? parent.height * 0.72 : Math.min(implicitHeight, parent.height)) : 0
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -22,7 +22,11 @@ T.Popup {
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((parent.height - height) / 2) : 0
 
-    onClosed: preview.close()
+    Shortcut {
+        enabled: popup.preview.isOpen
+        sequence: "Escape"
+        onActivated: popup.preview.close()
+    }
 
     background: Rectangle {
         border.color: Theme.cardBorder

@@ -25,7 +25,7 @@ Row {
             required property var modelData
 
             readonly property bool sortable: modelData.column !== NodeTableModel.Risk
-            readonly property bool sorted: sortable && header.table.sortColumn === modelData.column
+            readonly property bool sorted: sortable && modelData.cell !== "share" && header.table.sortColumn === modelData.column
 
             enabled: sortable
             focusPolicy: Qt.TabFocus

@@ -8,8 +8,7 @@ FocusScope {
     id: view
 
     required property NodeTableModel table
-    required property var columns
-    required property var widths
+    required property var widths ///< by cell
     property bool showsFolder: false
 
     readonly property real offset: visibleRows.offset
@@ -41,7 +40,6 @@ FocusScope {
         model: visibleRows
 
         NodeRow {
-            columns: view.columns
             current: view.activeFocus && row === view.table.currentRow
             height: visibleRows.rowHeight
             hovered: row === view.hoveredRow

@@ -10,20 +10,20 @@ FocusScope {
     id: view
 
     ExplorerModel {
-        id: explorer
+        id: explorerModel
 
         state: App
     }
     Shortcut {
-        enabled: explorer.canGoUp
+        enabled: explorerModel.canGoUp
         sequence: "Ctrl+["
-        onActivated: explorer.goUp()
+        onActivated: explorerModel.goUp()
     }
     ScanPrompt {
         anchors.fill: parent
         message: qsTr("Browse folder by folder sorted by size, like a Finder that shows what everything really takes up.")
         title: qsTr("Folder explorer")
-        visible: explorer.isEmpty
+        visible: explorerModel.isEmpty
     }
     ColumnLayout {
         anchors.fill: parent
@@ -31,27 +31,27 @@ FocusScope {
         anchors.bottomMargin: 0
         anchors.topMargin: Theme.spaceL
         spacing: Theme.spaceL
-        visible: !explorer.isEmpty
+        visible: !explorerModel.isEmpty
 
         RowLayout {
             Layout.fillWidth: true
             spacing: Theme.spaceS
 
             IconButton {
-                enabled: explorer.canGoUp
+                enabled: explorerModel.canGoUp
                 symbol: "chevron.left"
                 text: qsTr("Back")
-                onClicked: explorer.goUp()
+                onClicked: explorerModel.goUp()
             }
             Breadcrumbs {
                 Layout.fillWidth: true
-                steps: explorer.crumbs
-                onChosen: index => explorer.goTo(index)
+                steps: explorerModel.crumbs
+                onChosen: index => explorerModel.goTo(index)
             }
             AppButton {
                 symbol: "arrow.up.forward.app"
                 text: qsTr("Show in Finder")
-                onClicked: explorer.revealCurrent()
+                onClicked: explorerModel.revealCurrent()
             }
         }
         RowLayout {
@@ -63,7 +63,7 @@ FocusScope {
                 Layout.maximumWidth: implicitWidth + 1
                 elide: Text.ElideMiddle
                 kind: AppText.Title
-                text: explorer.title
+                text: explorerModel.title
                 Accessible.role: Accessible.Heading
             }
             AppText {
@@ -71,53 +71,44 @@ FocusScope {
                 color: Theme.textSecondary
                 figures: true
                 kind: AppText.Heading
-                text: Formats.bytes(explorer.size)
+                text: Formats.bytes(explorerModel.size)
             }
             AppText {
                 Layout.alignment: Qt.AlignBaseline
                 color: Theme.textSecondary
-                text: qsTr("%1 files").arg(Formats.count(explorer.fileCount))
+                text: qsTr("%1 files").arg(Formats.count(explorerModel.fileCount))
             }
             Item {
                 Layout.fillWidth: true
             }
             SegmentedControl {
-                index: explorer.showsMap ? 1 : 0
+                index: explorerModel.showsMap ? 1 : 0
                 options: [
                     { text: qsTr("List"), symbol: "list.bullet" },
                     { text: qsTr("Map"), symbol: "chart.pie" }
                 ]
-                onChosen: index => explorer.showsMap = index === 1
+                onChosen: index => explorerModel.showsMap = index === 1
             }
         }
         SegmentedBar {
             Layout.fillWidth: true
-            segments: explorer.segments
-            total: explorer.size
-            visible: !explorer.showsMap
+            segments: explorerModel.segments
+            total: explorerModel.size
+            visible: !explorerModel.showsMap
         }
-        Loader {
+        FolderList {
             Layout.fillHeight: true
             Layout.fillWidth: true
-            focus: true
-            sourceComponent: explorer.showsMap ? map : list
+            explorer: explorerModel
+            focus: !explorerModel.showsMap
+            visible: !explorerModel.showsMap
         }
-    }
-
-    Component {
-        id: list
-
-        FolderList {
-            explorer: explorer
-            focus: true
-        }
-    }
-    Component {
-        id: map
-
         MapPane {
-            explorer: explorer
-            focus: true
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            explorer: explorerModel
+            focus: explorerModel.showsMap
+            visible: explorerModel.showsMap
         }
     }
 }
