@@ -5,8 +5,10 @@
 #include "app/EngineSingleton.h"
 #include "app/UpdateController.h"
 #include "views/IconProvider.h"
+#include "views/SunburstAccessible.h"
 #include "views/WindowPanels.h"
 
+#include <QAccessible>
 #include <QDirIterator>
 #include <QFontDatabase>
 #include <QQuickWindow>
@@ -20,6 +22,8 @@ namespace brimlet {
 MainWindow::MainWindow(AppState& state, Appearance& appearance, UpdateController& updates,
                        WindowPanels& panels)
     : m_state(state) {
+    // Installing it again changes nothing.
+    QAccessible::installFactory(sunburstAccessible);
     giveToEngine(m_engine, state);
     giveToEngine(m_engine, appearance);
     giveToEngine(m_engine, updates);

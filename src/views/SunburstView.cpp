@@ -84,6 +84,10 @@ QString SunburstView::title() const {
     return node != nullptr ? displayName(*node) : QString();
 }
 
+QString SunburstView::folderTitle() const {
+    return m_root != nullptr ? displayName(*m_root) : QString();
+}
+
 double SunburstView::size() const {
     const FileNode* node = m_hovered != nullptr ? m_hovered : m_root;
     return node != nullptr ? static_cast<double>(std::max<std::int64_t>(node->size, 0)) : 0;

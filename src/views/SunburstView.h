@@ -44,6 +44,7 @@ public:
     bool isHovering() const { return m_hovered != nullptr; }
     double ringWidth() const { return geometry().ringWidth(); }
 
+    QString folderTitle() const; ///< of what lies in the centre, whatever is hovered
     const std::vector<Arc>& arcs() const { return m_arcs; }
     FileNode* root() const { return m_root; }
     FileNode* hovered() const { return m_hovered; }

@@ -34,7 +34,7 @@ Act click(const QString& name, QAccessible::Role role = QAccessible::NoRole) {
 /// Points at a place of the map, told from its centre in rings and in turns from twelve o'clock.
 Act pointAtMap(double rings, double turn) {
     return [=](BrimletApp& app) {
-        const QQuickItem* map = WindowDriver(windowOf(app)).find(QStringLiteral("Map of Home folder"));
+        const QQuickItem* map = WindowDriver(windowOf(app)).find(QStringLiteral("Map of sam"));
         if (map == nullptr)
             return;
         const double distance = rings * map->property("ringWidth").toDouble();
@@ -84,12 +84,13 @@ void addExplorer(std::vector<Stop>& list) {
                         app.state().setLargeFilter({});
                         app.state().setSection(AppSection::explorer);
                         handleEvents();
-                        click(QStringLiteral("Map"), QAccessible::RadioButton)(app);
+                        click(QStringLiteral("Map"))(app);
                     }});
     list.push_back({"explorer-map-hovered", pointAtMap(2.5, 0.1)});
     list.push_back({"explorer-folder", [](BrimletApp& app) {
-                        click(QStringLiteral("List"), QAccessible::RadioButton)(app);
-                        FileNode* downloads = app.state().scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
+                        click(QStringLiteral("List"))(app);
+                        FileNode* downloads =
+                            app.state().scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
                         app.state().setExplorerStack({app.state().scan()->root, downloads});
                     }});
 }

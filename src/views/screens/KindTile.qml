@@ -22,7 +22,7 @@ T.AbstractButton {
     leftPadding: Theme.spaceM
     rightPadding: Theme.spaceM
     topPadding: Theme.spaceM
-    implicitWidth: Theme.tileWidth
+    implicitWidth: Math.max(Theme.tileWidth, implicitContentWidth + leftPadding + rightPadding)
     text: title
 
     Accessible.checkable: true

@@ -23,9 +23,6 @@ RowLayout {
             state: App
             zoomDuration: Theme.gentle
 
-            Accessible.name: qsTr("Map of %1").arg(pane.explorer.title)
-            Accessible.description: qsTr("Arrow keys move between segments, Return opens a folder, Backspace goes up.")
-            Accessible.focusable: true
             Accessible.role: Accessible.Chart
 
             onUpWanted: pane.explorer.goUp()
