@@ -1,6 +1,7 @@
 #include "views/RowWindow.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace brimlet {
 
@@ -20,7 +21,7 @@ void RowWindow::setSource(QAbstractItemModel* source) {
     emit sourceChanged();
     // Another source has other roles.
     beginResetModel();
-    m_slots = 0;
+    m_rowOfSlot.clear();
     endResetModel();
     layOut();
 }
@@ -47,10 +48,10 @@ void RowWindow::setOffset(qint64 offset) {
         return;
     m_offset = wanted;
     emit offsetChanged();
-    const qint64 previousTop = std::exchange(m_topRow, topRowAtOffset());
     // Every row moved; only a slot whose row changed needs more than its new place.
-    for (int slot = 0; slot < m_slots; ++slot) {
-        const bool sameRow = rowInSlot(slot, previousTop) == rowInSlot(slot, m_topRow);
+    for (int slot = 0; slot < slotCount(); ++slot) {
+        int& row = m_rowOfSlot[static_cast<std::size_t>(slot)];
+        const bool sameRow = std::exchange(row, rowForSlot(slot)) == row;
         emit dataChanged(index(slot), index(slot), sameRow ? QList<int>{PositionRole} : QList<int>{});
     }
 }
@@ -60,7 +61,7 @@ qint64 RowWindow::withinContent(qint64 offset) const {
 }
 
 qint64 RowWindow::topRowAtOffset() const {
-    return std::clamp<qint64>(m_offset / m_rowHeight, 0, sourceRows() - m_slots);
+    return std::clamp<qint64>(m_offset / m_rowHeight, 0, sourceRows() - slotCount());
 }
 
 void RowWindow::show(int row) {
@@ -80,54 +81,58 @@ qint64 RowWindow::sourceRows() const {
     return m_source ? m_source->rowCount() : 0;
 }
 
-qint64 RowWindow::rowInSlot(int slot, qint64 topRow) const {
-    return topRow + (slot - topRow % m_slots + m_slots) % m_slots;
+int RowWindow::rowForSlot(int slot) const {
+    const auto held = static_cast<qint64>(m_rowOfSlot.size());
+    const qint64 top = topRowAtOffset();
+    return static_cast<int>(top + (slot - top % held + held) % held);
 }
 
 void RowWindow::layOut() {
+    m_offset = withinContent(m_offset);
+    const int before = slotCount();
     const int wanted = static_cast<int>(std::min<qint64>(m_height / m_rowHeight + 2, sourceRows()));
-    if (wanted > m_slots) {
-        beginInsertRows({}, m_slots, wanted - 1);
-        m_slots = wanted;
-        m_topRow = topRowAtOffset();
+    if (wanted > before) {
+        beginInsertRows({}, before, wanted - 1);
+        m_rowOfSlot.resize(static_cast<std::size_t>(wanted));
+        for (int slot = before; slot < wanted; ++slot)
+            m_rowOfSlot[static_cast<std::size_t>(slot)] = rowForSlot(slot);
         endInsertRows();
-    } else if (wanted < m_slots) {
-        beginRemoveRows({}, wanted, m_slots - 1);
-        m_slots = wanted;
-        m_topRow = topRowAtOffset();
+    } else if (wanted < before) {
+        beginRemoveRows({}, wanted, before - 1);
+        m_rowOfSlot.resize(static_cast<std::size_t>(wanted));
         endRemoveRows();
     }
-    m_offset = withinContent(m_offset);
-    m_topRow = topRowAtOffset();
     // The slots stay, each with another row: making their delegates anew would take longer than a frame.
-    if (m_slots > 0)
-        emit dataChanged(index(0), index(m_slots - 1));
+    for (int slot = 0; slot < wanted; ++slot)
+        m_rowOfSlot[static_cast<std::size_t>(slot)] = rowForSlot(slot);
+    if (wanted > 0)
+        emit dataChanged(index(0), index(wanted - 1));
     emit contentHeightChanged();
     emit offsetChanged();
 }
 
 void RowWindow::sourceDataChanged(const QModelIndex& first, const QModelIndex& last,
                                   const QList<int>& roles) {
-    for (int slot = 0; slot < m_slots; ++slot) {
-        const qint64 row = rowInSlot(slot, m_topRow);
+    for (int slot = 0; slot < slotCount(); ++slot) {
+        const int row = m_rowOfSlot[static_cast<std::size_t>(slot)];
         if (row >= first.row() && row <= last.row())
             emit dataChanged(index(slot), index(slot), roles);
     }
 }
 
 int RowWindow::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : m_slots;
+    return parent.isValid() ? 0 : slotCount();
 }
 
 QVariant RowWindow::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= m_slots || !m_source)
+    if (!index.isValid() || index.row() >= slotCount() || !m_source)
         return {};
-    const qint64 row = rowInSlot(index.row(), m_topRow);
+    const int row = m_rowOfSlot[static_cast<std::size_t>(index.row())];
     if (role == RowRole)
-        return static_cast<int>(row);
+        return row;
     if (role == PositionRole)
-        return static_cast<int>(row * m_rowHeight - m_offset);
-    return m_source->data(m_source->index(static_cast<int>(row), 0), role);
+        return static_cast<int>(static_cast<qint64>(row) * m_rowHeight - m_offset);
+    return m_source->data(m_source->index(row, 0), role);
 }
 
 QHash<int, QByteArray> RowWindow::roleNames() const {

@@ -8,6 +8,7 @@
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
+#include <vector>
 
 namespace brimlet {
 
@@ -57,7 +58,8 @@ private:
     qint64 heightOfAll() const { return sourceRows() * m_rowHeight; }
     qint64 withinContent(qint64 offset) const;
     qint64 topRowAtOffset() const; ///< so that every slot has a row
-    qint64 rowInSlot(int slot, qint64 topRow) const;
+    int slotCount() const { return static_cast<int>(m_rowOfSlot.size()); }
+    int rowForSlot(int slot) const;
     void layOut();
     void sourceDataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
 
@@ -65,8 +67,7 @@ private:
     int m_rowHeight = 1;
     int m_height = 0;
     qint64 m_offset = 0;
-    int m_slots = 0;
-    qint64 m_topRow = 0;
+    std::vector<int> m_rowOfSlot;
 };
 
 } // namespace brimlet

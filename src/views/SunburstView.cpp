@@ -157,6 +157,10 @@ void SunburstView::geometryChange(const QRectF& newGeometry, const QRectF& oldGe
     redraw();
 }
 
+void SunburstView::hoverEnterEvent(QHoverEvent* event) {
+    hoverMoveEvent(event);
+}
+
 void SunburstView::hoverMoveEvent(QHoverEvent* event) {
     hover(geometry().hit(m_arcs, event->position().x(), event->position().y()));
 }
