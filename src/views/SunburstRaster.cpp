@@ -16,6 +16,10 @@ constexpr int slotCount = 2048;
 constexpr float strokeWidth = 1.0F; ///< points, half of it on each side of an outline
 constexpr float ringGap = 1.5F;     ///< points
 
+/// A segment thinner than this is filled evenly in place of having sides: the sides of many would make a
+/// pattern with the pixels.
+constexpr float sliverPixels = 3.0F;
+
 /// The angle of a direction from twelve o'clock, clockwise, 0 to 2π. The polynomial for the arc tangent is
 /// within 2e-6 of the truth, far below a hundredth of a pixel on the largest screen. Free of branches, so
 /// that the compiler works on several pixels at once.
@@ -152,6 +156,11 @@ std::uint32_t SunburstRaster::pixel(const Frame& frame, const Polar& point, Curs
     const Segment& segment = *cursor.segment;
     const float inner = mapRadius - frame.ringWidth * static_cast<float>(depth);
     const float across = std::min(inner, frame.ringWidth - frame.gap - inner);
+    const float arcLength = (segment.end - segment.start) * point.radius * frame.angleScale;
+    if (arcLength < sliverPixels && !segment.isClosed) {
+        const float share = std::max(arcLength - 2 * frame.halfStroke, 0.0F) / arcLength;
+        return premultiplied(segment.color, segment.alpha * share * coverage(across - frame.halfStroke));
+    }
     const float side = segment.isClosed ? across
                                         : std::min(point.angle - segment.start, segment.end - point.angle) *
                                               point.radius * frame.angleScale;

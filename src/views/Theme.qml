@@ -68,6 +68,7 @@ QtObject {
     readonly property int columnS: scaled(88)
     readonly property int columnM: scaled(112)
     readonly property int columnL: scaled(150)
+    readonly property int columnXl: scaled(176)
     readonly property int columnMinimum: scaled(48)
     readonly property int sidePanelWidth: 280
     readonly property int tileWidth: scaled(148)

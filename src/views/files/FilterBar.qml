@@ -68,14 +68,12 @@ ColumnLayout {
             Layout.margins: -Theme.focusWidth
             Layout.preferredHeight: Theme.iconButtonSize + 2 * Theme.focusWidth
             boundsBehavior: Flickable.StopAtBounds
-            bottomMargin: Theme.focusWidth
             clip: true
             leftMargin: Theme.focusWidth
             model: bar.filter.kindChips.length
             orientation: ListView.Horizontal
             rightMargin: Theme.focusWidth
             spacing: Theme.spaceXs
-            topMargin: Theme.focusWidth
             visible: bar.showKinds
 
             delegate: Chip {
@@ -87,6 +85,7 @@ ColumnLayout {
                 symbol: kind.symbol
                 text: kind.title
                 tint: kind.color
+                y: Theme.focusWidth
                 onActiveFocusChanged: {
                     if (activeFocus)
                         chips.positionViewAtIndex(index, ListView.Contain);

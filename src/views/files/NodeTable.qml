@@ -26,10 +26,10 @@ FocusScope {
     function widthOf(index: int): real {
         return chosenWidths[index] ?? columns[index].width;
     }
-    function openMenu() {
+    function openMenu(x: real, y: real) {
         actions.takeSelected(table);
         if (actions.count > 0)
-            menu.popup();
+            menu.popup(rows, x, y);
     }
     function remove() {
         actions.takeSelected(table);
@@ -85,7 +85,7 @@ FocusScope {
                 widths: view.cellWidths
 
                 onActivated: row => view.activated(row)
-                onMenuWanted: view.openMenu()
+                onMenuWanted: (x, y) => view.openMenu(x, y)
                 onPreviewWanted: event => event.accepted = view.preview.toggle(view.table)
                 onRemovalWanted: view.remove()
             }

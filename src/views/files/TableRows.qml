@@ -17,7 +17,7 @@ FocusScope {
     property string typed
 
     signal activated(int row)
-    signal menuWanted
+    signal menuWanted(real x, real y)
     signal previewWanted(var event)
     signal removalWanted
 
@@ -64,7 +64,7 @@ FocusScope {
             if (event.button === Qt.RightButton) {
                 if (pressedRow >= 0 && !view.table.isSelected(pressedRow))
                     view.table.click(pressedRow, 0);
-                view.menuWanted();
+                view.menuWanted(event.x, event.y);
             } else if (pressedRow < 0) {
                 view.table.clearSelection();
             } else {
@@ -127,7 +127,7 @@ FocusScope {
         else if (event.key === Qt.Key_Delete && table.selectedCount > 0)
             removalWanted();
         else if (event.key === Qt.Key_Menu)
-            menuWanted();
+            menuWanted(Theme.spaceXxl, Math.max(0, current) * visibleRows.rowHeight + visibleRows.rowHeight / 2 - visibleRows.offset);
         else if (!control && event.text.length === 1 && event.text >= " ")
             typeAhead(event.text);
         else

@@ -36,7 +36,7 @@ ColumnLayout {
                 { title: qsTr("Size"), column: NodeTableModel.Size, cell: "size", width: Theme.columnM, right: true },
                 { title: qsTr("%"), column: NodeTableModel.Size, cell: "share", width: Theme.columnXs, right: true },
                 { title: qsTr("Files"), column: NodeTableModel.FileCount, cell: "fileCount", width: Theme.columnS, right: true },
-                { title: qsTr("Category"), column: NodeTableModel.Category, cell: "categoryDot", width: Theme.columnL },
+                { title: qsTr("Category"), column: NodeTableModel.Category, cell: "categoryDot", width: Theme.columnXl },
                 { title: qsTr("Modified"), column: NodeTableModel.Modified, cell: "modified", width: Theme.columnM },
                 { title: qsTr("Risk"), column: NodeTableModel.Risk, cell: "risk", width: Theme.columnM }
             ]

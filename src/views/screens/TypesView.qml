@@ -57,12 +57,12 @@ FocusScope {
             orientation: ListView.Horizontal
             rightMargin: Theme.spaceXs
             spacing: Theme.spaceS
-            topMargin: Theme.spaceXs
 
             delegate: KindTile {
                 required property int index
 
                 selected: kind === view.kind
+                y: Theme.spaceXs
                 onActiveFocusChanged: {
                     if (activeFocus)
                         tiles.positionViewAtIndex(index, ListView.Contain);
