@@ -6,11 +6,9 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <fstream>
 #include <linux/capability.h>
 #include <memory>
-#include <string_view>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -33,7 +31,8 @@ std::string textOf(std::FILE* file) {
 }
 
 [[noreturn]] void become(const std::string& program, const std::vector<std::string>& arguments,
-                         const std::map<std::string, std::string>& environment, int output, int error) {
+                         const std::map<std::string, std::string>& environment, int input, int output,
+                         int error) {
     std::vector<char*> texts = {const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments)
         texts.push_back(const_cast<char*>(argument.c_str()));
@@ -43,7 +42,7 @@ std::string textOf(std::FILE* file) {
     // Root's program, too, is bound by permission bits; for others this does nothing.
     for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH})
         prctl(PR_CAPBSET_DROP, right, 0, 0, 0);
-    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    dup2(input, STDIN_FILENO);
     dup2(output, STDOUT_FILENO);
     dup2(error, STDERR_FILENO);
     execv(program.c_str(), texts.data());
@@ -62,14 +61,19 @@ bool handlesInterrupt(pid_t process) {
 
 template <typename WhileRunning>
 Outcome run(const std::string& program, const std::vector<std::string>& arguments,
-            const std::map<std::string, std::string>& environment, const WhileRunning& whileRunning) {
+            const std::map<std::string, std::string>& environment, std::string_view input,
+            const WhileRunning& whileRunning) {
+    const File inputFile(std::tmpfile(), std::fclose);
+    std::fwrite(input.data(), 1, input.size(), inputFile.get());
+    std::rewind(inputFile.get());
     const File output(std::tmpfile(), std::fclose);
     const File error(std::tmpfile(), std::fclose);
     const pid_t process = fork();
     if (process < 0)
         throw std::system_error(errno, std::generic_category(), "fork");
     if (process == 0)
-        become(program, arguments, environment, fileno(output.get()), fileno(error.get()));
+        become(program, arguments, environment, fileno(inputFile.get()), fileno(output.get()),
+               fileno(error.get()));
     whileRunning(process);
     int status = 0;
     waitpid(process, &status, 0);
@@ -80,12 +84,12 @@ Outcome run(const std::string& program, const std::vector<std::string>& argument
 } // namespace
 
 Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::map<std::string, std::string>& environment) {
-    return run(program, arguments, environment, [](pid_t) {});
+                   const std::map<std::string, std::string>& environment, std::string_view input) {
+    return run(program, arguments, environment, input, [](pid_t) {});
 }
 
 Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments) {
-    return run(program, arguments, {}, [](pid_t process) {
+    return run(program, arguments, {}, {}, [](pid_t process) {
         for (int i = 0; i < 10'000 && !handlesInterrupt(process); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         kill(process, SIGINT);

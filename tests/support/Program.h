@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace brimlet::test {
@@ -14,8 +15,9 @@ struct Outcome {
 };
 
 /// environment  variables to set besides those there are
+/// input        what it reads from standard input
 Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
-                   const std::map<std::string, std::string>& environment = {});
+                   const std::map<std::string, std::string>& environment = {}, std::string_view input = {});
 
 /// The same, with an interrupt signal once the program's own handler is in place.
 Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments);
