@@ -115,6 +115,8 @@ public:
     // Preferences
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
+    void excludeFolder(const std::string& folder); ///< a node path or a plain one; counts from the next scan
+    void includeFolderAgain(std::size_t position); ///< by its place in the list
     bool permanentDelete() const { return m_permanentDelete; }
     void setPermanentDelete(bool on);
 

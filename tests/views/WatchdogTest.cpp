@@ -143,8 +143,9 @@ TEST(Watchdog, scanOfThreeHundredThousandFilesLeavesTheMainThreadFree) {
     EXPECT_LE(timed.busiest().processor, frameMilliseconds) << timed.busiestName().toStdString();
     EXPECT_LE(timed.longestWait().wall, frameMilliseconds + noise);
     RecordProperty("busiestMicroseconds", static_cast<int>(timed.busiest().processor * 1'000));
-    std::printf("%d events; the busiest took %.2f ms of processor time, the longest %.2f ms (idle: %.2f ms)\n",
-                timed.events(), timed.busiest().processor, timed.longest().wall, noise);
+    std::printf(
+        "%d events; the busiest took %.2f ms of processor time, the longest %.2f ms (idle: %.2f ms)\n",
+        timed.events(), timed.busiest().processor, timed.longest().wall, noise);
 }
 
 } // namespace
