@@ -14,25 +14,18 @@ namespace brimlet {
 namespace {
 
 /// Far more than any list of exclusions needs.
-constexpr std::size_t sizeLimit = 16 * 1024 * 1024;
+constexpr std::size_t sizeLimit = 16'000'000;
 
 constexpr const char* dateKey = "millisecondsSince1970";
 
-template <typename... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-
 Json jsonOf(const PreferenceValue& value) {
-    return std::visit(Overloaded{
-                          [](const std::string& text) { return jsonString(text); },
-                          [](bool flag) { return Json(flag); },
-                          [](std::int64_t number) { return Json(number); },
-                          [](PreferenceDate date) {
-                              return Json{{dateKey, date.time_since_epoch().count()}};
-                          },
-                      },
-                      value);
+    if (const auto* text = std::get_if<std::string>(&value))
+        return jsonString(*text);
+    if (const auto* date = std::get_if<PreferenceDate>(&value))
+        return {{dateKey, date->time_since_epoch().count()}};
+    if (const auto* flag = std::get_if<bool>(&value))
+        return *flag;
+    return std::get<std::int64_t>(value);
 }
 
 std::optional<PreferenceValue> valueOf(const Json& json) {
