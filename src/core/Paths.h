@@ -24,6 +24,9 @@ std::vector<std::string_view> pathComponents(std::string_view path);
 /// What follows the last slash; the whole path where there is none, and empty for "/".
 std::string_view lastPathComponent(std::string_view path);
 
+/// What follows the last dot of a name, unless that dot is its first byte; empty where there is none.
+std::string_view pathExtension(std::string_view name);
+
 /// Whether `path` lies below `folder`: it begins with it and a slash. A folder is not below itself.
 bool isBelow(std::string_view path, std::string_view folder);
 

@@ -34,13 +34,20 @@ struct JunkRule {
     std::string_view base; ///< absolute, or relative to the home folder; the folder itself is never an item
     Removal removal = Removal::trash;
     bool inSmartClean = false; ///< ticked by default in Quick Clean
-    std::optional<std::vector<std::string_view>>
-        extensions;                              ///< lower-case; only children with one of these count
-    std::optional<int> minAgeDays;               ///< only children not modified for that long count
-    std::vector<std::string_view> excludedNames; ///< children that never count, and that no rule covers
+    std::optional<std::vector<std::string_view>> extensions =
+        std::nullopt;                                 ///< lower-case; only children with one of these count
+    std::optional<int> minAgeDays = std::nullopt;     ///< only children not modified for that long count
+    std::vector<std::string_view> excludedNames = {}; ///< children that never count, and that no rule covers
 
     /// The rule's folder as an absolute path without a trailing slash.
     std::string resolvedBase(std::string_view homeFolder) const;
+
+    /// Whether a child of this name never counts.
+    bool excludes(std::string_view childName) const;
+
+    /// Whether a child of this name has one of the extensions, letter case ignored; true where none are asked
+    /// for.
+    bool admitsExtensionOf(std::string_view childName) const;
 };
 
 } // namespace brimlet

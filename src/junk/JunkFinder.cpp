@@ -1,0 +1,116 @@
+#include "junk/JunkFinder.h"
+
+#include "core/MeasureTree.h"
+#include "core/ParallelFor.h"
+#include "platform/AccessProbe.h"
+#include "platform/DirectoryLister.h"
+
+#include <algorithm>
+#include <chrono>
+#include <numeric>
+#include <utility>
+
+namespace brimlet {
+
+namespace {
+
+constexpr std::string_view trashRule = "trash";
+constexpr std::string_view folderSettings = ".DS_Store";
+constexpr std::string_view containers = "Library/Containers/";
+constexpr double secondsPerDay = 86'400;
+
+/// Whether a rule takes a child for what its name and age say. `cutOff` in seconds since 1970.
+bool qualifies(const JunkRule& rule, const DirectoryEntry& child, std::optional<double> cutOff) {
+    if (rule.excludes(child.name))
+        return false;
+    if (child.name == folderSettings && rule.id != trashRule)
+        return false;
+    if (!rule.admitsExtensionOf(child.name))
+        return false;
+    return !cutOff || !child.modified || *child.modified <= *cutOff;
+}
+
+} // namespace
+
+std::int64_t JunkFinding::total() const {
+    return std::accumulate(items.begin(), items.end(), std::int64_t{0},
+                           [](std::int64_t sum, const JunkItem& item) { return sum + item.size; });
+}
+
+JunkFinder::JunkFinder(std::string homeFolder, const DirectoryLister& lister, const AccessProbe& access,
+                       Clock now)
+    : m_homeFolder(std::move(homeFolder))
+    , m_lister(lister)
+    , m_access(access)
+    , m_now(std::move(now)) {}
+
+double JunkFinder::systemTime() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+std::vector<JunkFinding> JunkFinder::scan(std::span<const JunkRule> rules) const {
+    const bool mayReadContainers = m_access.hasFullDiskAccess();
+    std::vector<const JunkRule*> tried;
+    for (const JunkRule& rule : rules) {
+        if (mayReadContainers || !rule.base.starts_with(containers))
+            tried.push_back(&rule);
+    }
+    std::vector<JunkFinding> found = findings(tried);
+    std::ranges::stable_sort(found, std::greater(), &JunkFinding::total);
+    return found;
+}
+
+std::optional<JunkFinding> JunkFinder::scanRule(const JunkRule& rule) const {
+    std::vector<JunkFinding> found = findings({&rule});
+    if (found.empty())
+        return std::nullopt;
+    return std::move(found.front());
+}
+
+/// The children of a rule's folder that qualify, not yet measured.
+std::vector<JunkItem> JunkFinder::candidates(const JunkRule& rule) const {
+    const std::string folder = rule.resolvedBase(m_homeFolder);
+    const auto children = m_lister.children(folder);
+    if (!children)
+        return {};
+    std::optional<double> cutOff;
+    if (rule.minAgeDays)
+        cutOff = m_now() - *rule.minAgeDays * secondsPerDay;
+    std::vector<JunkItem> items;
+    for (const DirectoryEntry& child : *children) {
+        if (qualifies(rule, child, cutOff))
+            items.push_back({folder + "/" + child.name, rule.id, 0, 0, child.modified});
+    }
+    return items;
+}
+
+/// All rules are listed side by side, then all their candidates measured side by side, so that one rule with
+/// many items keeps every thread busy. Keeps the order of the rules.
+std::vector<JunkFinding> JunkFinder::findings(const std::vector<const JunkRule*>& rules) const {
+    std::vector<std::vector<JunkItem>> byRule(rules.size());
+    parallelFor(rules.size(), diskThreads(), [&](std::size_t i) { byRule[i] = candidates(*rules[i]); });
+
+    std::vector<JunkItem*> all;
+    for (std::vector<JunkItem>& items : byRule) {
+        for (JunkItem& item : items)
+            all.push_back(&item);
+    }
+    parallelFor(all.size(), diskThreads(), [&](std::size_t i) {
+        const TreeMeasure measure = measureTree(all[i]->path);
+        all[i]->size = measure.bytes;
+        all[i]->fileCount = measure.files;
+    });
+
+    std::vector<JunkFinding> found;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        std::vector<JunkItem>& items = byRule[i];
+        std::erase_if(items, [](const JunkItem& item) { return item.size < 1; });
+        if (items.empty())
+            continue;
+        std::ranges::stable_sort(items, std::greater(), &JunkItem::size);
+        found.push_back({*rules[i], std::move(items)});
+    }
+    return found;
+}
+
+} // namespace brimlet

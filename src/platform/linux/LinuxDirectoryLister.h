@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/DirectoryLister.h"
+
+namespace brimlet {
+
+class LinuxDirectoryLister final : public DirectoryLister {
+public:
+    std::optional<std::vector<DirectoryEntry>> children(const std::string& folder) const override;
+};
+
+} // namespace brimlet
