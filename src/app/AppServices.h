@@ -1,0 +1,35 @@
+// What the application asks of the world around it, handed over in one piece at creation.
+#pragma once
+
+#include "core/Scanner.h"
+#include "platform/AccessProbe.h"
+#include "platform/Panels.h"
+#include "platform/PreferencesStore.h"
+#include "platform/SystemOpener.h"
+#include "platform/Volumes.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_set>
+
+namespace brimlet {
+
+/// Runs one scan on the calling thread, as Scanner::scan does.
+using ScanWalk = std::function<std::shared_ptr<ScanResult>(
+    Scanner& scanner, const std::string& rootPath, const std::unordered_set<std::string>& excluded,
+    const Scanner::Progress& progress)>;
+
+/// All references outlive the AppState that is given them.
+struct AppServices {
+    std::string homeFolder; ///< absolute, without a trailing slash
+    const Volumes& volumes;
+    const AccessProbe& accessProbe;
+    SystemOpener& opener;
+    PreferencesStore& preferences;
+    Panels& panels;
+    ScanWalk scanWalk = [](Scanner& scanner, const auto& rootPath, const auto& excluded,
+                           const auto& progress) { return scanner.scan(rootPath, excluded, progress); };
+};
+
+} // namespace brimlet

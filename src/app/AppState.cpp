@@ -1,0 +1,80 @@
+#include "app/AppState.h"
+
+#include "app/EngineSingleton.h"
+#include "core/Paths.h"
+
+namespace brimlet {
+
+AppState::AppState(AppServices services, QObject* parent)
+    : QObject(parent)
+    , m_services(std::move(services))
+    , m_preferences(m_services.preferences)
+    , m_volume(m_services.volumes.volumeInfo("/"))
+    , m_excludedRaw(m_preferences.excludedPaths())
+    , m_permanentDelete(m_preferences.permanentDelete())
+    , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences)) {
+    m_hasFullDiskAccess = m_services.accessProbe.hasFullDiskAccess();
+    m_section = sectionFromRaw(m_preferences.initialSection()).value_or(AppSection::smartClean);
+    const std::string autoScan = m_preferences.autoScan();
+    if (autoScan == "home")
+        startScan(ScanTarget::home());
+    else if (autoScan == "disk")
+        startScan(ScanTarget::wholeDisk());
+}
+
+AppState::~AppState() {
+    dropScanner();
+}
+
+AppState* AppState::create(QQmlEngine* engine, QJSEngine*) {
+    return engineSingleton<AppState>(engine);
+}
+
+void AppState::setSection(AppSection section) {
+    change(m_section, section, &AppState::sectionChanged);
+}
+
+QString AppState::sectionRaw() const {
+    const std::string_view raw = look(m_section).rawValue;
+    return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
+}
+
+void AppState::setSectionRaw(const QString& raw) {
+    if (const auto section = sectionFromRaw(raw.toStdString()))
+        setSection(*section);
+}
+
+void AppState::setExplorerStack(std::vector<FileNode*> stack) {
+    change(m_explorerStack, std::move(stack), &AppState::explorerStackChanged);
+}
+
+void AppState::setExcludedRaw(const std::string& raw) {
+    m_preferences.setExcludedPaths(raw);
+    change(m_excludedRaw, raw, &AppState::excludedRawChanged);
+}
+
+void AppState::setPermanentDelete(bool on) {
+    m_preferences.setPermanentDelete(on);
+    change(m_permanentDelete, on, &AppState::permanentDeleteChanged);
+}
+
+void AppState::openFullDiskAccessSettings() {
+    m_services.opener.openUrl(fullDiskAccessSettingsUrl);
+}
+
+void AppState::probeFullDiskAccess() {
+    change(m_hasFullDiskAccess, m_services.accessProbe.hasFullDiskAccess(),
+           &AppState::hasFullDiskAccessChanged);
+}
+
+void AppState::scanWithoutAccess() {
+    m_preferences.setAccessOnboardingSkipped(true);
+    closeAccessOnboarding();
+    startScan();
+}
+
+void AppState::closeAccessOnboarding() {
+    change(m_showAccessOnboarding, false, &AppState::showAccessOnboardingChanged);
+}
+
+} // namespace brimlet

@@ -1,0 +1,176 @@
+// The one central object of the application: every screen reads it, every action of the user goes through it.
+//
+// Main thread only. Long work runs in the background and is handed back here; a scan that has been replaced
+// or cancelled is told by its Scanner's identity and changes nothing any more. The parts stand in files of
+// their own: AppStateScan.cpp, AppStateDeletion.cpp.
+#pragma once
+
+#include "app/AppSection.h"
+#include "app/AppServices.h"
+#include "app/BackgroundServices.h"
+#include "app/BackgroundWork.h"
+#include "app/Preferences.h"
+#include "app/Toast.h"
+#include "core/ScanResult.h"
+#include "safety/DeletionRecords.h"
+
+#include <memory>
+#include <optional>
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+class QJSEngine;
+class QQmlEngine;
+
+namespace brimlet {
+
+class AppState : public QObject {
+    Q_OBJECT
+    QML_NAMED_ELEMENT(App)
+    QML_SINGLETON
+
+    Q_PROPERTY(QString section READ sectionRaw WRITE setSectionRaw NOTIFY sectionChanged)
+    Q_PROPERTY(QString scanTargetLabel READ scanTargetLabel NOTIFY scanTargetChanged)
+    Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
+    Q_PROPERTY(qint64 progressFiles READ progressFiles NOTIFY progressChanged)
+    Q_PROPERTY(qint64 progressBytes READ progressBytes NOTIFY progressChanged)
+    Q_PROPERTY(QString progressPath READ progressPath NOTIFY progressChanged)
+    Q_PROPERTY(bool hasScan READ hasScan NOTIFY scanChanged)
+    Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
+    Q_PROPERTY(bool hasPlan READ hasPlan NOTIFY planChanged)
+    Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY hasFullDiskAccessChanged)
+    Q_PROPERTY(bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
+    Q_PROPERTY(bool showAccessOnboarding READ showAccessOnboarding NOTIFY showAccessOnboardingChanged)
+
+public:
+    /// Takes the steps of start-up in their order; the last of them may begin a scan.
+    explicit AppState(AppServices services, QObject* parent = nullptr);
+    ~AppState() override;
+
+    /// The instance that the engine's owner handed over; see engineSingleton.
+    static AppState* create(QQmlEngine* engine, QJSEngine*);
+
+    // Navigation
+    AppSection section() const { return m_section; }
+    void setSection(AppSection section);
+    QString sectionRaw() const;
+    void setSectionRaw(const QString& raw); ///< a text that names no section is ignored
+    const std::vector<FileNode*>& explorerStack() const { return m_explorerStack; }
+    void setExplorerStack(std::vector<FileNode*> stack);
+
+    // Scan
+    const ScanTarget& scanTarget() const { return m_scanTarget; }
+    QString scanTargetLabel() const;
+    bool isScanning() const { return m_isScanning; }
+    const ScanProgressSnapshot& progress() const { return m_progress; }
+    qint64 progressFiles() const { return m_progress.files; }
+    qint64 progressBytes() const { return m_progress.bytes; }
+    QString progressPath() const;
+    const std::shared_ptr<ScanResult>& scan() const { return m_scan; } ///< null before the first result
+    bool hasScan() const { return m_scan != nullptr; }
+    int revision() const { return m_revision; }
+    const std::optional<VolumeInfo>& volume() const { return m_volume; }
+
+    /// Scans `target`, or the current target. Without Full Disk Access a whole disk or a home folder raises
+    /// the onboarding sheet instead, until the user has skipped it. A running scan is replaced.
+    void startScan(std::optional<ScanTarget> target = std::nullopt);
+
+    /// Ends the running scan. The previous result stays.
+    Q_INVOKABLE void cancelScan();
+
+    Q_INVOKABLE void scanWholeDisk() { startScan(ScanTarget::wholeDisk()); }
+    Q_INVOKABLE void scanHome() { startScan(ScanTarget::home()); }
+    Q_INVOKABLE void rescan() { startScan(); }
+    Q_INVOKABLE void chooseFolderToScan();
+
+    /// Marks what is gone from the disk everywhere. `paths` are node paths; an empty set does nothing.
+    void removeDeleted(const std::unordered_set<std::string>& paths);
+
+    // Full Disk Access
+    bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
+    bool showAccessOnboarding() const { return m_showAccessOnboarding; }
+    bool accessOnboardingSkipped() const { return m_preferences.accessOnboardingSkipped(); }
+    Q_INVOKABLE void openFullDiskAccessSettings();
+    Q_INVOKABLE void probeFullDiskAccess();
+    Q_INVOKABLE void scanWithoutAccess(); ///< from the onboarding sheet: never ask again, and scan
+    Q_INVOKABLE void closeAccessOnboarding();
+
+    // Removal
+    const std::optional<DeletionPlan>& plan() const { return m_plan; }
+    bool hasPlan() const { return m_plan.has_value(); }
+    void setPlan(std::optional<DeletionPlan> plan);
+    const std::optional<Toast>& toast() const { return m_toast; }
+    void setToast(std::optional<Toast> toast);
+    const std::vector<DeletionFailure>& failures() const { return m_failures; }
+    void setFailures(std::vector<DeletionFailure> failures);
+
+    // Preferences
+    const std::string& excludedRaw() const { return m_excludedRaw; }
+    void setExcludedRaw(const std::string& raw);
+    bool permanentDelete() const { return m_permanentDelete; }
+    void setPermanentDelete(bool on);
+
+    BackgroundServices& background() { return *m_background; }
+    SystemOpener& opener() { return m_services.opener; }
+    Panels& panels() { return m_services.panels; }
+    const std::string& homeFolder() const { return m_services.homeFolder; }
+
+signals:
+    void sectionChanged();
+    void explorerStackChanged();
+    void scanTargetChanged();
+    void isScanningChanged();
+    void progressChanged();
+    void scanChanged();
+    void revisionChanged();
+    void volumeChanged();
+    void hasFullDiskAccessChanged();
+    void showAccessOnboardingChanged();
+    void planChanged();
+    void toastChanged();
+    void failuresChanged();
+    void excludedRawChanged();
+    void permanentDeleteChanged();
+
+private:
+    template <typename Value>
+    void change(Value& field, Value value, void (AppState::*changed)()) {
+        if (field == value)
+            return;
+        field = std::move(value);
+        (this->*changed)();
+    }
+
+    bool mustOnboardFirst() const;
+    void dropScanner();
+    void beginWalk();
+    void finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_ptr<ScanResult> result);
+    void raiseRevision();
+
+    AppServices m_services;
+    Preferences m_preferences;
+    AppSection m_section = AppSection::smartClean;
+    ScanTarget m_scanTarget = ScanTarget::wholeDisk();
+    bool m_isScanning = false;
+    ScanProgressSnapshot m_progress;
+    std::shared_ptr<ScanResult> m_scan;
+    int m_revision = 0;
+    std::optional<VolumeInfo> m_volume;
+    std::vector<FileNode*> m_explorerStack;
+    std::shared_ptr<Scanner> m_scanner; // the running scan's; null when none runs
+    std::optional<DeletionPlan> m_plan;
+    std::optional<Toast> m_toast;
+    std::vector<DeletionFailure> m_failures;
+    std::string m_excludedRaw;
+    bool m_permanentDelete = false;
+    bool m_hasFullDiskAccess = false;
+    bool m_showAccessOnboarding = false;
+    std::unique_ptr<BackgroundServices> m_background;
+    BackgroundWork m_work;
+};
+
+} // namespace brimlet

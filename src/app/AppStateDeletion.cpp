@@ -1,0 +1,28 @@
+// The removal side of AppState: what is pending, what was done, what was refused.
+#include "app/AppState.h"
+
+namespace brimlet {
+
+void AppState::setPlan(std::optional<DeletionPlan> plan) {
+    change(m_plan, std::move(plan), &AppState::planChanged);
+}
+
+void AppState::setToast(std::optional<Toast> toast) {
+    change(m_toast, std::move(toast), &AppState::toastChanged);
+}
+
+void AppState::setFailures(std::vector<DeletionFailure> failures) {
+    change(m_failures, std::move(failures), &AppState::failuresChanged);
+}
+
+void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
+    if (paths.empty())
+        return;
+    if (m_scan) {
+        m_scan->markDeleted(paths);
+        emit scanChanged();
+    }
+    raiseRevision();
+}
+
+} // namespace brimlet

@@ -1,0 +1,59 @@
+// How the system wants applications to look: light or dark, text size, reduced motion.
+//
+// Follows the desktop's settings portal where there is one, else the palette. Main thread.
+#pragma once
+
+#include <optional>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
+
+class QDBusVariant;
+class QJSEngine;
+class QQmlEngine;
+
+namespace brimlet {
+
+enum class ColorScheme { light, dark };
+
+class Appearance : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+    Q_PROPERTY(bool dark READ dark NOTIFY changed)
+    Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY changed)
+    Q_PROPERTY(double textScale READ textScale CONSTANT)
+
+public:
+    /// With `fixed` the system's choice of colours is ignored.
+    explicit Appearance(std::optional<ColorScheme> fixed, QObject* parent = nullptr);
+
+    static Appearance* create(QQmlEngine* engine, QJSEngine*);
+
+    bool dark() const;
+    bool reducedMotion() const { return m_reducedMotion; }
+
+    /// The user's text size over the size that the design is drawn for, 1 to 2.
+    double textScale() const { return m_textScale; }
+
+    void fixColorScheme(std::optional<ColorScheme> fixed);
+    void setReducedMotion(bool reduced);
+
+signals:
+    void changed();
+
+private:
+    void askPortal();
+    void applyPortalValue(const QString& space, const QString& key, const QVariant& value);
+
+private slots:
+    void portalSettingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+
+private:
+    std::optional<ColorScheme> m_fixed;
+    std::optional<ColorScheme> m_portal; // empty: no preference, or no portal
+    bool m_reducedMotion = false;
+    double m_textScale = 1;
+};
+
+} // namespace brimlet

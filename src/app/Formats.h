@@ -1,0 +1,52 @@
+// How figures and dates read everywhere in the window, in the user's locale.
+//
+// The functions take the locale and the present moment, so that they can be told both; `Formats` is what QML
+// calls, with the default locale and now.
+#pragma once
+
+#include "core/ByteFormat.h"
+
+#include <cstdint>
+#include <QDateTime>
+#include <QLocale>
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace brimlet {
+
+/// The characters that a locale writes numbers with.
+NumberSymbols numberSymbols(const QLocale& locale);
+
+QString bytesText(std::int64_t bytes, const QLocale& locale);
+QString countText(std::int64_t count, const QLocale& locale);
+
+/// The share of `part` in `whole`: "12%", "3.4%", "<0.1%".
+QString percentText(std::int64_t part, std::int64_t whole, const QLocale& locale);
+
+/// A day without time, "Nov 22, 2026"; "—" for a time in the first day of 1970 or before, which means
+/// unknown.
+QString dateText(double secondsSince1970, const QLocale& locale);
+
+/// "now", "5 minutes ago", "yesterday", "3 months ago", "tomorrow": the largest unit that fits, rounded by
+/// the calendar.
+QString relativeDateText(const QDateTime& moment, const QDateTime& now);
+
+/// The façade that QML sees. Sizes and counts come as numbers of up to 2^53.
+class Formats : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    Q_INVOKABLE QString bytes(qint64 bytes) const { return bytesText(bytes, QLocale()); }
+    Q_INVOKABLE QString count(qint64 count) const { return countText(count, QLocale()); }
+    Q_INVOKABLE QString percent(qint64 part, qint64 whole) const {
+        return percentText(part, whole, QLocale());
+    }
+    Q_INVOKABLE QString date(double secondsSince1970) const { return dateText(secondsSince1970, QLocale()); }
+    Q_INVOKABLE QString relativeDate(double secondsSince1970) const;
+    Q_INVOKABLE QString duration(double seconds) const;
+};
+
+} // namespace brimlet

@@ -1,0 +1,21 @@
+// The notice shown to the user after something was done.
+#pragma once
+
+#include "safety/DeletionRecords.h"
+#include "safety/Uuid.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brimlet {
+
+struct Toast {
+    Uuid id = Uuid::random();
+    std::string message;
+    std::optional<std::string> detail;
+    std::vector<HistoryEntry> undoable; ///< empty where no Undo is offered
+    bool operator==(const Toast&) const = default;
+};
+
+} // namespace brimlet

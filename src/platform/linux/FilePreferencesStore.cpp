@@ -1,0 +1,128 @@
+#include "platform/linux/FilePreferencesStore.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brimlet {
+
+namespace {
+
+constexpr const char* dateKey = "millisecondsSince1970";
+
+template <typename... Cases>
+struct Overloaded : Cases... {
+    using Cases::operator()...;
+};
+
+Json jsonOf(const PreferenceValue& value) {
+    return std::visit(
+        Overloaded{
+            [](const std::string& text) { return jsonString(text); },
+            [](bool flag) { return Json(flag); },
+            [](std::int64_t number) { return Json(number); },
+            [](PreferenceDate date) { return Json{{dateKey, date.time_since_epoch().count()}}; },
+        },
+        value);
+}
+
+std::optional<PreferenceValue> valueOf(const Json& json) {
+    if (json.is_string())
+        return bytesOf(json);
+    if (json.is_boolean())
+        return json.get<bool>();
+    if (json.is_number_integer())
+        return json.get<std::int64_t>();
+    if (json.is_object() && json.contains(dateKey) && json[dateKey].is_number_integer())
+        return PreferenceDate(std::chrono::milliseconds(json[dateKey].get<std::int64_t>()));
+    return std::nullopt;
+}
+
+/// The file's bytes; empty where it can't be read.
+std::string contentsOf(const std::string& file) {
+    std::string text;
+    const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return text;
+    std::array<char, 4096> piece{};
+    for (ssize_t count = 0; (count = read(descriptor, piece.data(), piece.size())) > 0;)
+        text.append(piece.data(), static_cast<std::size_t>(count));
+    close(descriptor);
+    return text;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// Writes beside the file, syncs, and renames over it, so that a crash leaves the old file or the new one.
+void replaceFile(const std::string& file, std::string_view bytes) {
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(file).parent_path(), ignored);
+    std::string temporary = file + ".XXXXXX";
+    const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    const bool written = writeAll(descriptor, bytes) && fsync(descriptor) == 0;
+    close(descriptor);
+    if (!written || std::rename(temporary.c_str(), file.c_str()) != 0)
+        unlink(temporary.c_str());
+}
+
+/// The first of ".damaged", ".damaged-2", … that is not taken.
+std::string nameAside(const std::string& file) {
+    std::string name = file + ".damaged";
+    for (int number = 2; access(name.c_str(), F_OK) == 0; ++number)
+        name = file + ".damaged-" + std::to_string(number);
+    return name;
+}
+
+} // namespace
+
+std::string FilePreferencesStore::standardFile(std::string_view homeFolder) {
+    return std::string(homeFolder) + "/Library/Preferences/com.brimlet.mac.json";
+}
+
+FilePreferencesStore::FilePreferencesStore(std::string file)
+    : m_file(std::move(file)) {
+    auto document = readJson(contentsOf(m_file));
+    const bool understood = document && document->is_object();
+    m_fileIsDamaged = !understood && access(m_file.c_str(), F_OK) == 0;
+    if (understood)
+        m_values = std::move(*document);
+}
+
+std::optional<PreferenceValue> FilePreferencesStore::value(std::string_view key) const {
+    const auto found = m_values.find(std::string(key));
+    return found == m_values.end() ? std::nullopt : valueOf(*found);
+}
+
+void FilePreferencesStore::setValue(std::string_view key, const PreferenceValue& value) {
+    m_values[std::string(key)] = jsonOf(value);
+    save();
+}
+
+void FilePreferencesStore::removeValue(std::string_view key) {
+    if (m_values.erase(std::string(key)) > 0)
+        save();
+}
+
+void FilePreferencesStore::save() {
+    if (m_fileIsDamaged)
+        std::rename(m_file.c_str(), nameAside(m_file).c_str());
+    m_fileIsDamaged = false;
+    replaceFile(m_file, writeJson(m_values, JsonLayout::indented) + "\n");
+}
+
+} // namespace brimlet

@@ -1,0 +1,32 @@
+// Preferences in one JSON file, read once at creation and replaced as a whole on every write.
+//
+// A file that can't be understood is kept aside as "….damaged" when the first write replaces it, and counts
+// as empty until then.
+#pragma once
+
+#include "json/Json.h"
+#include "platform/PreferencesStore.h"
+
+namespace brimlet {
+
+class FilePreferencesStore final : public PreferencesStore {
+public:
+    /// file  absolute; its folder is made on the first write
+    explicit FilePreferencesStore(std::string file);
+
+    /// Where the application keeps its preferences.
+    static std::string standardFile(std::string_view homeFolder);
+
+    std::optional<PreferenceValue> value(std::string_view key) const override;
+    void setValue(std::string_view key, const PreferenceValue& value) override;
+    void removeValue(std::string_view key) override;
+
+private:
+    void save();
+
+    std::string m_file;
+    Json m_values = Json::object();
+    bool m_fileIsDamaged = false;
+};
+
+} // namespace brimlet
