@@ -22,7 +22,22 @@ void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
         m_scan->markDeleted(paths);
         emit scanChanged();
     }
+    removeDeletedJunk(paths);
     raiseRevision();
+}
+
+void AppState::proposePlan(std::vector<PlanItem> items, const std::string& title) {
+    if (!items.empty())
+        setPlan(DeletionPlan{Uuid::random(), title, std::move(items)});
+}
+
+void AppState::runDeletion(std::vector<DeletionRequest> requests,
+                           std::function<void(const DeletionReport&)> then) {
+    m_work.run([run = m_services.deletionRun, requests = std::move(requests)] { return run(requests); },
+               [this, then = std::move(then)](const DeletionReport& report) {
+                   removeDeleted({report.deletedPaths.begin(), report.deletedPaths.end()});
+                   then(report);
+               });
 }
 
 } // namespace brimlet
