@@ -112,9 +112,13 @@ public:
     const std::optional<Toast>& toast() const { return m_toast; }
     void setToast(std::optional<Toast> toast);
     void proposePlan(std::vector<PlanItem> items, const std::string& title);
+    void executePlan(const DeletionPlan& plan, bool includeReview);
     void runDeletion(std::vector<DeletionRequest> requests, std::function<void(const DeletionReport&)> then);
     const std::vector<DeletionFailure>& failures() const { return m_failures; }
     void setFailures(std::vector<DeletionFailure> failures);
+
+    /// Puts entries of the history back where they were.
+    void restoreEntries(const std::vector<HistoryEntry>& entries);
 
     // Junk and Quick Clean
     const std::vector<JunkFinding>& junk() const { return m_junk; } ///< a finding may have lost all its items
@@ -170,6 +174,7 @@ signals:
     void planChanged();
     void toastChanged();
     void failuresChanged();
+    void restoreWanted(const std::vector<HistoryEntry>& entries);
     void junkChanged();
     void junkLoadingChanged();
     void smartPhaseChanged();

@@ -15,6 +15,10 @@ void AppState::setFailures(std::vector<DeletionFailure> failures) {
     change(m_failures, std::move(failures), &AppState::failuresChanged);
 }
 
+void AppState::restoreEntries(const std::vector<HistoryEntry>& entries) {
+    emit restoreWanted(entries);
+}
+
 void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
     if (paths.empty())
         return;
@@ -29,6 +33,17 @@ void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
 void AppState::proposePlan(std::vector<PlanItem> items, const std::string& title) {
     if (!items.empty())
         setPlan(DeletionPlan{Uuid::random(), title, std::move(items)});
+}
+
+void AppState::executePlan(const DeletionPlan& plan, bool includeReview) {
+    std::vector<DeletionRequest> requests;
+    for (const PlanItem& item : plan.items) {
+        if (item.verdict.risk == Risk::safe || (item.verdict.risk == Risk::review && includeReview))
+            requests.push_back({Uuid::random(), item.path, item.size,
+                                m_permanentDelete ? Removal::permanent : item.removal});
+    }
+    setPlan(std::nullopt);
+    runDeletion(std::move(requests), [](const DeletionReport&) {});
 }
 
 void AppState::runDeletion(std::vector<DeletionRequest> requests,

@@ -7,7 +7,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
+#include <QEvent>
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QPalette>
@@ -39,7 +39,13 @@ Appearance::Appearance(std::optional<ColorScheme> fixed, QObject* parent)
     , m_fixed(fixed)
     , m_textScale(std::clamp(QFontInfo(QGuiApplication::font()).pointSizeF() / usualPointSize, 1.0, 2.0)) {
     askPortal();
-    connect(qGuiApp, &QGuiApplication::paletteChanged, this, &Appearance::changed);
+    qGuiApp->installEventFilter(this);
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+        emit changed();
+    return QObject::eventFilter(watched, event);
 }
 
 Appearance* Appearance::create(QQmlEngine* engine, QJSEngine*) {

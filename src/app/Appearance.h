@@ -4,10 +4,10 @@
 #pragma once
 
 #include <optional>
+#include <QDBusVariant>
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
-class QDBusVariant;
 class QJSEngine;
 class QQmlEngine;
 
@@ -38,6 +38,8 @@ public:
 
     void fixColorScheme(std::optional<ColorScheme> fixed);
     void setReducedMotion(bool reduced);
+
+    bool eventFilter(QObject* watched, QEvent* event) override; ///< hears of a changed palette
 
 signals:
     void changed();

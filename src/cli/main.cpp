@@ -1,10 +1,52 @@
 // brimlet-cli: the engine of the application for terminals and scripts.
 
-#include <CLI/CLI.hpp>
+#include "cli/Commands.h"
+#include "cli/Terminal.h"
 
-int main(int argc, char** argv) {
+#include <clocale>
+#include <cstdio>
+
+namespace brimlet {
+
+namespace {
+
+constexpr auto addCommands = {
+    addScanCommand,
+};
+
+int run(int argc, char** argv) {
     CLI::App app("Shows where the space of a disk goes and gives it back.", "brimlet-cli");
     app.set_version_flag("--version", BRIMLET_VERSION);
-    CLI11_PARSE(app, argc, argv);
-    return 0;
+    app.require_subcommand(1);
+    app.get_formatter()->column_width(28);
+    ExitStatus status = ExitStatus::done;
+    for (const auto add : addCommands)
+        add(app, status);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& answer) {
+        return app.exit(answer);
+    } catch (const CLI::Error& error) {
+        status = fail(std::string(error.what()) + ". Try \"brimlet-cli --help\".");
+    }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        status = fail("The output could not be written.");
+    return static_cast<int>(status);
+}
+
+} // namespace
+
+ExitStatus fail(std::string_view sentence) {
+    const std::string line = "brimlet-cli: " + printable(sentence) + "\n";
+    std::fputs(line.c_str(), stderr);
+    return ExitStatus::failed;
+}
+
+} // namespace brimlet
+
+int main(int argc, char** argv) {
+    // Widths of characters are asked for UTF-8 also where the user's locale is another.
+    if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr)
+        std::setlocale(LC_CTYPE, "");
+    return brimlet::run(argc, argv);
 }

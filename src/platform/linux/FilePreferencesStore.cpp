@@ -1,6 +1,7 @@
 #include "platform/linux/FilePreferencesStore.h"
 
-#include <array>
+#include "platform/FileContents.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -11,6 +12,9 @@
 namespace brimlet {
 
 namespace {
+
+/// Far more than any list of exclusions needs.
+constexpr std::size_t sizeLimit = 16 * 1024 * 1024;
 
 constexpr const char* dateKey = "millisecondsSince1970";
 
@@ -40,19 +44,6 @@ std::optional<PreferenceValue> valueOf(const Json& json) {
     if (json.is_object() && json.contains(dateKey) && json[dateKey].is_number_integer())
         return PreferenceDate(std::chrono::milliseconds(json[dateKey].get<std::int64_t>()));
     return std::nullopt;
-}
-
-/// The file's bytes; empty where it can't be read.
-std::string contentsOf(const std::string& file) {
-    std::string text;
-    const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return text;
-    std::array<char, 4096> piece{};
-    for (ssize_t count = 0; (count = read(descriptor, piece.data(), piece.size())) > 0;)
-        text.append(piece.data(), static_cast<std::size_t>(count));
-    close(descriptor);
-    return text;
 }
 
 bool writeAll(int descriptor, std::string_view bytes) {
@@ -96,7 +87,7 @@ std::string FilePreferencesStore::standardFile(std::string_view homeFolder) {
 
 FilePreferencesStore::FilePreferencesStore(std::string file)
     : m_file(std::move(file)) {
-    auto document = readJson(contentsOf(m_file));
+    auto document = readJson(fileContents(m_file, sizeLimit).value_or(""));
     const bool understood = document && document->is_object();
     m_fileIsDamaged = !understood && access(m_file.c_str(), F_OK) == 0;
     if (understood)

@@ -1,0 +1,50 @@
+// What the operating system starts: owns the services of this system, the one AppState and the main window.
+// Main thread; needs an application object.
+#pragma once
+
+#include "app/Appearance.h"
+#include "app/AppState.h"
+#include "app/UpdateController.h"
+#include "platform/linux/FeedUpdateCheck.h"
+#include "platform/linux/FilePreferencesStore.h"
+#include "platform/linux/LinuxAccessProbe.h"
+#include "platform/linux/LinuxSystemOpener.h"
+#include "platform/linux/LinuxVolumes.h"
+#include "views/MainWindow.h"
+#include "views/WindowPanels.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace brimlet {
+
+class BrimletApp {
+public:
+    /// Starts the update controller; everything else begins with the first use of it.
+    /// homeFolder  absolute, without a trailing slash
+    BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedColors);
+
+    /// Created on first need, with all steps of its creation.
+    AppState& state();
+
+    Appearance& appearance() { return m_appearance; }
+
+    /// Built on first need, not yet shown.
+    MainWindow& window();
+
+private:
+    std::string m_homeFolder;
+    LinuxSystemOpener m_opener;
+    FeedUpdateCheck m_updateCheck;
+    UpdateController m_updater;
+    Appearance m_appearance;
+    LinuxVolumes m_volumes;
+    LinuxAccessProbe m_accessProbe;
+    FilePreferencesStore m_preferences;
+    WindowPanels m_panels;
+    std::unique_ptr<AppState> m_state;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+} // namespace brimlet

@@ -1,0 +1,57 @@
+// brimlet: the application with its window.
+#include "platform/HomeFolder.h"
+#include "shell/BrimletApp.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <QApplication>
+#include <QIcon>
+#include <QQuickStyle>
+
+namespace {
+
+/// Whether there is anything to open a window on. Without it the toolkit would abort.
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0')
+            return true;
+    }
+    return false;
+}
+
+const std::map<std::string, brimlet::ColorScheme> themes = {{"light", brimlet::ColorScheme::light},
+                                                            {"dark", brimlet::ColorScheme::dark}};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::optional<brimlet::ColorScheme> theme;
+    CLI::App options("Shows where the space of a disk goes and gives it back.", "brimlet");
+    options.set_version_flag("--version", BRIMLET_VERSION);
+    options.add_option("--theme", theme, "light or dark; the system's choice without it")
+        ->transform(CLI::CheckedTransformer(themes));
+    options.allow_extras(); // the toolkit's own options
+    CLI11_PARSE(options, argc, argv);
+    if (!hasDisplay()) {
+        std::fputs("brimlet: there is no display to open a window on\n", stderr);
+        return 2;
+    }
+
+    QQuickStyle::setStyle(QStringLiteral("Basic"));
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Brimlet"));
+    QApplication::setApplicationVersion(QStringLiteral(BRIMLET_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("com.brimlet.mac"));
+
+    brimlet::BrimletApp brimlet(brimlet::homeFolder(), theme);
+    if (brimlet.window().window() == nullptr)
+        return 2;
+    brimlet.window().show();
+    const int status = QApplication::exec();
+    // All state is on disk already. A search or a walk that still runs ends with the process.
+    brimlet.state().cancelScan();
+    return status;
+}

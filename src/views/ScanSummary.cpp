@@ -1,0 +1,62 @@
+#include "views/ScanSummary.h"
+
+#include "core/Localized.h"
+#include "core/Paths.h"
+
+#include <algorithm>
+
+namespace brimlet {
+
+namespace {
+
+/// The buckets that hold anything, largest first.
+std::vector<Segment> bucketSegments(const ScanResult& scan) {
+    std::vector<Segment> segments;
+    for (const StorageBucket bucket : allStorageBuckets()) {
+        const auto found = scan.bucketTotals.find(bucket);
+        if (found == scan.bucketTotals.end() || found->second <= 0)
+            continue;
+        const CategoryLook& bucketLook = look(bucket);
+        segments.push_back({QString::fromStdString(std::string(bucketLook.caseName)),
+                            QString::fromStdString(localized(bucketLook.title)), found->second,
+                            QColor::fromRgb(bucketLook.color)});
+    }
+    std::stable_sort(segments.begin(), segments.end(),
+                     [](const Segment& left, const Segment& right) { return left.value > right.value; });
+    return segments;
+}
+
+} // namespace
+
+ScanSummary::ScanSummary(QObject* parent)
+    : QObject(parent) {}
+
+void ScanSummary::setState(AppState* state) {
+    if (m_state == state)
+        return;
+    if (m_state)
+        m_state->disconnect(this);
+    m_state = state;
+    if (m_state)
+        connect(m_state, &AppState::revisionChanged, this, &ScanSummary::readScan);
+    emit stateChanged();
+    readScan();
+}
+
+void ScanSummary::readScan() {
+    if (!m_state || !m_state->hasScan())
+        return;
+    const ScanResult& scan = *m_state->scan();
+    m_total = scan.root->size;
+    m_files = scan.totalFiles;
+    m_folders = scan.totalDirectories;
+    m_unreadable = scan.unreadableDirectories;
+    m_seconds = scan.duration;
+    m_place = QString::fromStdString(displayPath(scan.rootPath, m_state->homeFolder()));
+    m_buckets.clear();
+    for (const Segment& segment : bucketSegments(scan))
+        m_buckets.append(QVariant::fromValue(segment));
+    emit changed();
+}
+
+} // namespace brimlet

@@ -1,0 +1,50 @@
+// The first figures of the finished scan, for the Overview.
+#pragma once
+
+#include "app/AppState.h"
+#include "views/Segment.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+#include <QVariantList>
+
+namespace brimlet {
+
+class ScanSummary : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
+    Q_PROPERTY(qint64 total MEMBER m_total NOTIFY changed)
+    Q_PROPERTY(qint64 files MEMBER m_files NOTIFY changed)
+    Q_PROPERTY(qint64 folders MEMBER m_folders NOTIFY changed)
+    Q_PROPERTY(qint64 unreadable MEMBER m_unreadable NOTIFY changed)
+    Q_PROPERTY(double seconds MEMBER m_seconds NOTIFY changed)
+    Q_PROPERTY(QString place MEMBER m_place NOTIFY changed) ///< the scanned folder, as shown
+    Q_PROPERTY(QVariantList buckets MEMBER m_buckets NOTIFY changed) ///< Segment, largest first, none empty
+
+public:
+    explicit ScanSummary(QObject* parent = nullptr);
+
+    AppState* state() const { return m_state; }
+    void setState(AppState* state);
+
+signals:
+    void stateChanged();
+    void changed();
+
+private:
+    void readScan();
+
+    QPointer<AppState> m_state;
+    qint64 m_total = 0;
+    qint64 m_files = 0;
+    qint64 m_folders = 0;
+    qint64 m_unreadable = 0;
+    double m_seconds = 0;
+    QString m_place;
+    QVariantList m_buckets;
+};
+
+} // namespace brimlet

@@ -1,0 +1,7 @@
+// The one thing a screen wants done next.
+import QtQuick
+import Brimlet
+
+AppButton {
+    kind: AppButton.Primary
+}

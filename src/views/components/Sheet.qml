@@ -1,0 +1,101 @@
+// A sheet over the dimmed window: content that scrolls, buttons at its foot. `shown` opens and closes it;
+// `dismissed` tells that the user wants it gone.
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Brimlet
+
+T.Popup {
+    id: sheet
+
+    required property bool shown
+    required property string title ///< for assistive tools
+    default property alias content: body.data
+    property alias buttons: foot.data
+
+    signal dismissed
+
+    readonly property real roomHeight: parent ? parent.height * 0.8 : 0
+
+    closePolicy: T.Popup.CloseOnEscape
+    dim: true
+    focus: true
+    height: Math.min(implicitHeight, roomHeight)
+    implicitHeight: column.implicitHeight + topPadding + bottomPadding
+    modal: true
+    padding: Theme.spaceXl
+    parent: T.Overlay.overlay
+    visible: shown
+    width: parent ? Math.min(Theme.sheetWidth, parent.width - 2 * Theme.spaceXl) : Theme.sheetWidth
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
+
+    // Escape closes the popup by itself; the state that opened it has to follow.
+    onClosed: {
+        if (shown)
+            dismissed();
+    }
+
+    T.Overlay.modal: Rectangle {
+        color: Theme.dim
+
+        Behavior on opacity { NumberAnimation { duration: Theme.gentle } }
+    }
+    background: Rectangle {
+        border.color: Theme.cardBorder
+        border.width: Theme.hairline
+        color: Theme.card
+        radius: Theme.radiusCard
+
+        SoftShadow {
+            radius: Theme.radiusCard
+        }
+    }
+    contentItem: FocusScope {
+        focus: true
+
+        Accessible.name: sheet.title
+        Accessible.role: Accessible.Dialog
+
+        ColumnLayout {
+            id: column
+
+            anchors.fill: parent
+            spacing: Theme.spaceXl
+
+            Flickable {
+                Layout.fillHeight: true
+                Layout.fillWidth: true
+                boundsBehavior: Flickable.StopAtBounds
+                clip: contentHeight > height
+                contentHeight: body.implicitHeight
+                contentWidth: width
+                implicitHeight: body.implicitHeight
+
+                T.ScrollBar.vertical: AppScrollBar {}
+
+                ColumnLayout {
+                    id: body
+
+                    spacing: Theme.spaceM
+                    width: parent.width
+                }
+            }
+            RowLayout {
+                id: foot
+
+                Layout.alignment: Qt.AlignRight
+                Layout.fillWidth: false
+                spacing: Theme.spaceS
+                visible: children.length > 0
+            }
+        }
+    }
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.gentle; easing.type: Easing.OutCubic }
+        NumberAnimation { property: "scale"; from: 0.97; to: 1; duration: Theme.gentle; easing.type: Easing.OutCubic }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; to: 0; duration: Theme.quick }
+    }
+}

@@ -1,0 +1,30 @@
+// A thin bar with round ends, filled to a fraction.
+import QtQuick
+import Brimlet
+
+Rectangle {
+    id: bar
+
+    property real fraction: 0
+    property alias fillColor: fill.color
+
+    color: Theme.track
+    implicitHeight: Theme.barThickness
+    implicitWidth: Theme.spaceXxl * 2
+    radius: height / 2
+
+    Accessible.ignored: true
+
+    Rectangle {
+        id: fill
+
+        color: Theme.accent
+        height: bar.height
+        radius: bar.radius
+        visible: bar.fraction > 0
+        width: Math.max(bar.height, bar.width * Math.min(1, bar.fraction))
+
+        Behavior on width { NumberAnimation { duration: Theme.gentle; easing.type: Easing.OutCubic } }
+        Behavior on color { ColorAnimation { duration: Theme.gentle } }
+    }
+}

@@ -1,0 +1,43 @@
+// Stands in for a section whose screen is not there yet.
+import QtQuick
+import QtQuick.Layouts
+import Brimlet
+import Brimlet.App
+
+Item {
+    SidebarModel {
+        id: sections
+    }
+    AmbientBackground {
+        anchors.fill: parent
+    }
+    ColumnLayout {
+        anchors.centerIn: parent
+        spacing: Theme.spaceM
+        width: Math.min(parent.width - 2 * Theme.spaceXl, Theme.textMaximumWidth)
+
+        Icon {
+            Layout.alignment: Qt.AlignHCenter
+            Layout.bottomMargin: Theme.spaceS
+            color: Theme.textSecondary
+            opacity: Theme.faint
+            size: Theme.medallion / 2
+            symbol: sections.symbolOf(App.section)
+        }
+        AppText {
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            kind: AppText.Title
+            text: sections.titleOf(App.section)
+            wrapMode: Text.Wrap
+            Accessible.role: Accessible.Heading
+        }
+        AppText {
+            Layout.fillWidth: true
+            color: Theme.textSecondary
+            horizontalAlignment: Text.AlignHCenter
+            text: qsTr("This screen comes with a later version of Brimlet.")
+            wrapMode: Text.Wrap
+        }
+    }
+}

@@ -1,0 +1,118 @@
+// Explains Full Disk Access before the first scan that needs it.
+import QtQuick
+import QtQuick.Layouts
+import Brimlet
+import Brimlet.App
+
+Sheet {
+    id: sheet
+
+    // The stars of the texts mark the bold words.
+    readonly property var steps: [
+        qsTr("Click “Open Settings”."),
+        qsTr("Under “Full Disk Access”, turn on **Brimlet** (or add it with +)."),
+        qsTr("If macOS asks, choose “Quit & Reopen”.")
+    ]
+
+    shown: App.showAccessOnboarding
+    title: qsTr("Let Brimlet see your whole disk")
+
+    onDismissed: App.closeAccessOnboarding()
+
+    Rectangle {
+        Layout.alignment: Qt.AlignHCenter
+        Layout.preferredHeight: Theme.medallion
+        Layout.preferredWidth: Theme.medallion
+        color: Theme.withAlpha(Theme.accent, Theme.tint)
+        radius: width / 2
+
+        Icon {
+            anchors.centerIn: parent
+            color: Theme.accent
+            size: Theme.iconHuge
+            symbol: "externaldrive.fill.badge.checkmark"
+        }
+    }
+    AppText {
+        Layout.fillWidth: true
+        Layout.topMargin: Theme.spaceS
+        horizontalAlignment: Text.AlignHCenter
+        kind: AppText.Title
+        text: sheet.title
+        wrapMode: Text.Wrap
+        Accessible.role: Accessible.Heading
+    }
+    AppText {
+        Layout.fillWidth: true
+        color: Theme.textSecondary
+        horizontalAlignment: Text.AlignHCenter
+        text: qsTr("macOS protects folders like Mail, Messages, Safari and app data. Without this permission sizes are incomplete and macOS will ask you folder by folder.")
+        wrapMode: Text.Wrap
+    }
+    Repeater {
+        model: sheet.steps
+
+        RowLayout {
+            id: step
+
+            required property int index
+            required property string modelData
+
+            Layout.fillWidth: true
+            Layout.topMargin: index === 0 ? Theme.spaceS : 0
+            spacing: Theme.spaceM
+
+            Rectangle {
+                Layout.alignment: Qt.AlignTop
+                Layout.preferredHeight: Theme.iconLarge
+                Layout.preferredWidth: Theme.iconLarge
+                color: Theme.selection
+                radius: width / 2
+
+                AppText {
+                    anchors.centerIn: parent
+                    color: Theme.accentText
+                    figures: true
+                    kind: AppText.Strong
+                    text: step.index + 1
+                    Accessible.ignored: true
+                }
+            }
+            AppText {
+                Layout.fillWidth: true
+                text: step.modelData
+                textFormat: Text.MarkdownText
+                wrapMode: Text.Wrap
+            }
+        }
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: Theme.spaceS
+        spacing: Theme.spaceM
+
+        Icon {
+            Layout.leftMargin: (Theme.iconLarge - width) / 2
+            Layout.rightMargin: (Theme.iconLarge - width) / 2
+            color: Theme.safe
+            symbol: "lock.shield.fill"
+        }
+        AppText {
+            Layout.fillWidth: true
+            color: Theme.textSecondary
+            text: qsTr("Brimlet only reads names and sizes. Nothing leaves your Mac.")
+            wrapMode: Text.Wrap
+        }
+    }
+    buttons: [
+        AppButton {
+            text: qsTr("Scan Without Access")
+            onClicked: App.scanWithoutAccess()
+        },
+        PrimaryButton {
+            focus: true
+            text: qsTr("Open Settings")
+            onClicked: App.openFullDiskAccessSettings()
+        }
+    ]
+}

@@ -1,0 +1,40 @@
+// The commands of the application's menus, with their shortcuts.
+import QtQuick
+import QtQuick.Controls
+import Brimlet.App
+
+Item {
+    id: commands
+
+    readonly property Action scanDisk: Action {
+        shortcut: "Ctrl+R"
+        text: qsTr("Scan Entire Disk")
+        onTriggered: App.scanWholeDisk()
+    }
+    readonly property Action scanHome: Action {
+        shortcut: "Ctrl+Shift+R"
+        text: qsTr("Scan Home Folder")
+        onTriggered: App.scanHome()
+    }
+    readonly property Action quickClean: Action {
+        shortcut: "Ctrl+1"
+        text: qsTr("Quick Clean")
+        onTriggered: App.section = "smartClean"
+    }
+    readonly property Action settings: Action {
+        shortcut: StandardKey.Preferences
+        text: qsTr("Settings…")
+        onTriggered: commands.settingsWanted()
+    }
+    readonly property Action checkForUpdates: Action {
+        text: qsTr("Check for Updates…")
+        onTriggered: Updates.checkForUpdates()
+    }
+    readonly property Action quit: Action {
+        shortcut: StandardKey.Quit
+        text: qsTr("Quit Brimlet")
+        onTriggered: Qt.quit()
+    }
+
+    signal settingsWanted
+}

@@ -1,0 +1,92 @@
+// What the scan covers, how far it is, and the buttons that start and stop it.
+import QtQuick
+import QtQuick.Layouts
+import Brimlet
+import Brimlet.App
+
+Item {
+    id: toolbar
+
+    required property AppCommands commands
+
+    implicitHeight: Theme.toolbarHeight
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.spaceXl
+        anchors.rightMargin: Theme.spaceL
+        spacing: Theme.spaceS
+
+        AppButton {
+            id: targetButton
+
+            Layout.maximumWidth: implicitWidth
+            Layout.fillWidth: true
+            menuIndicator: true
+            text: qsTr("Scan: %1").arg(App.scanTargetLabel)
+
+            onClicked: targetMenu.opened ? targetMenu.close() : targetMenu.open()
+
+            AppMenu {
+                id: targetMenu
+
+                y: targetButton.height + Theme.spaceXs
+
+                AppMenuItem {
+                    text: qsTr("Entire Disk")
+                    onTriggered: App.scanWholeDisk()
+                }
+                AppMenuItem {
+                    text: qsTr("Home Folder")
+                    onTriggered: App.scanHome()
+                }
+                AppMenuItem {
+                    text: qsTr("Choose Folder…")
+                    onTriggered: App.chooseFolderToScan()
+                }
+            }
+        }
+        AppButton {
+            symbol: "xmark"
+            text: qsTr("Stop")
+            visible: App.isScanning
+            onClicked: App.cancelScan()
+        }
+        AppButton {
+            symbol: "arrow.clockwise"
+            text: App.hasScan ? qsTr("Rescan") : qsTr("Scan")
+            visible: !App.isScanning
+            onClicked: App.rescan()
+        }
+        AppText {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.spaceS
+            Layout.preferredWidth: 0
+            color: Theme.textSecondary
+            figures: true
+            text: App.isScanning ? qsTr("%1 files · %2").arg(Formats.count(App.progressFiles))
+                                       .arg(Formats.bytes(App.progressBytes)) : ""
+        }
+        IconButton {
+            id: menuButton
+
+            symbol: "line.3.horizontal"
+            text: qsTr("Menu")
+            onClicked: mainMenu.opened ? mainMenu.close() : mainMenu.open()
+
+            MainMenu {
+                id: mainMenu
+
+                commands: toolbar.commands
+                x: menuButton.width - width
+                y: menuButton.height + Theme.spaceXs
+            }
+        }
+    }
+    Rectangle {
+        anchors.bottom: parent.bottom
+        color: Theme.cardBorder
+        height: Theme.hairline
+        width: parent.width
+    }
+}

@@ -1,0 +1,90 @@
+// The sections in their groups, and the disk at the foot. One stop of the Tab key; the arrows choose.
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Brimlet
+import Brimlet.App
+
+Rectangle {
+    id: sidebar
+
+    color: Theme.sidebar
+
+    SidebarModel {
+        id: sections
+    }
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        ListView {
+            id: list
+
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            activeFocusOnTab: true
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            currentIndex: sections.rowOf(App.section)
+            focus: true
+            highlightFollowsCurrentItem: false
+            keyNavigationEnabled: false
+            leftMargin: Theme.spaceS
+            model: sections
+            rightMargin: Theme.spaceS
+            section.property: "group"
+
+            T.ScrollBar.vertical: AppScrollBar {}
+
+            Accessible.name: qsTr("Sections")
+            Accessible.role: Accessible.List
+
+            Keys.onDownPressed: choose(currentIndex + 1)
+            Keys.onUpPressed: choose(currentIndex - 1)
+
+            property bool byKeyboard: false
+
+            onActiveFocusChanged: byKeyboard = false
+            Keys.onPressed: byKeyboard = true
+
+            function choose(row: int) {
+                const section = sections.sectionAt(row);
+                if (section !== "")
+                    App.section = section;
+            }
+
+            section.delegate: Item {
+                required property string section
+
+                height: section === "" ? Theme.spaceL : heading.implicitHeight + Theme.spaceL + Theme.spaceXs
+                width: list.width - 2 * Theme.spaceS
+
+                AppText {
+                    id: heading
+
+                    anchors.bottom: parent.bottom
+                    anchors.bottomMargin: Theme.spaceXs
+                    anchors.left: parent.left
+                    anchors.leftMargin: Theme.spaceS
+                    anchors.right: parent.right
+                    font.weight: Font.DemiBold
+                    kind: AppText.Caption
+                    text: parent.section
+                    Accessible.role: Accessible.Heading
+                }
+            }
+            delegate: SidebarRow {
+                focusShown: list.activeFocus && list.byKeyboard
+                width: list.width - 2 * Theme.spaceS
+
+                onChosen: {
+                    list.forceActiveFocus(Qt.MouseFocusReason);
+                    App.section = sectionId;
+                }
+            }
+        }
+        DiskFooter {
+            Layout.fillWidth: true
+        }
+    }
+}

@@ -1,0 +1,44 @@
+#include "platform/linux/LinuxDirectoryLister.h"
+#include "support/TemporaryTree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace brimlet {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+using testing::UnorderedElementsAre;
+
+TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDates) {
+    const test::TemporaryTree tree;
+    const LinuxDirectoryLister lister;
+    tree.file("folder/.hidden");
+    tree.file("folder/new\nline \xFF");
+    tree.file("folder/inner/below");
+    tree.symbolicLink("folder/link", "inner");
+    tree.setTimes("folder/.hidden", 1, 1'700'000'000.5);
+    tree.setTimes("folder/new\nline \xFF", 1, 5);
+    tree.setTimes("folder/inner", 1, 6);
+    tree.setTimes("folder/link", 1, -7);
+    EXPECT_THAT(lister.children(tree.path("folder")),
+                Optional(UnorderedElementsAre(DirectoryEntry{".hidden", 1'700'000'000.5},
+                                              DirectoryEntry{"new\nline \xFF", 5}, DirectoryEntry{"inner", 6},
+                                              DirectoryEntry{"link", -7})));
+    EXPECT_THAT(lister.children(tree.directory("empty")), Optional(IsEmpty()));
+}
+
+TEST(LinuxDirectoryListerTest, whatIsNoFolderOfItsOwnIsNotListed) {
+    const test::TemporaryTree tree;
+    const LinuxDirectoryLister lister;
+    tree.file("folder/file");
+    EXPECT_EQ(lister.children(tree.path("missing")), std::nullopt);
+    EXPECT_EQ(lister.children(tree.path("folder/file")), std::nullopt);
+    EXPECT_EQ(lister.children(tree.symbolicLink("link", "folder")), std::nullopt);
+    EXPECT_THAT(lister.children(tree.path("link/../folder")), Optional(ElementsAre(testing::_)));
+}
+
+} // namespace
+} // namespace brimlet
