@@ -121,8 +121,8 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (role == isHeading)
         return row.item == heading;
     if (role == risk)
-        return shownText(caseName(row.risk));
-    return row.item == heading ? headingData(row.risk, role) : itemData(m_plan.items[row.item], role);
+        return shownText(caseName(row.sectionRisk));
+    return row.item == heading ? headingData(row.sectionRisk, role) : itemData(m_plan.items[row.item], role);
 }
 
 QVariant PlanModel::headingData(Risk sectionRisk, int role) const {

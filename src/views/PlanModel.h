@@ -66,7 +66,7 @@ private:
         qint64 size = 0;
     };
     struct Row {
-        Risk risk = Risk::safe;
+        Risk sectionRisk = Risk::safe;
         std::size_t item = heading; // position in the plan
     };
     static constexpr std::size_t heading = static_cast<std::size_t>(-1);
