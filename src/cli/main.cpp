@@ -12,6 +12,7 @@ namespace {
 
 constexpr auto addCommands = {
     addScanCommand,
+    addMeasureCommand,
 };
 
 int run(int argc, char** argv) {

@@ -35,9 +35,13 @@ const std::array<StorageBucket, storageBucketCount>& allStorageBuckets();
 
 const CategoryLook& look(StorageBucket bucket);
 
+/// How many components of a path its bucket depends on, besides the name.
+inline constexpr std::size_t bucketPathDepth = 4;
+
 /// The bucket of a directory; the first rule that applies decides, comparisons are exact and case-sensitive.
 /// name        last path component
-/// components  non-empty components of the normalised path, `name` included; may be empty for "/"
+/// components  non-empty components of the normalised path, `name` included; may be empty for "/"; those
+///             beyond bucketPathDepth may be left out
 /// inherited   the parent's bucket, empty where there is no parent or the parent is `other`
 /// returns     empty where no rule gives a bucket
 std::optional<StorageBucket> bucketForDirectory(std::string_view name,
