@@ -187,7 +187,7 @@ QVariant JunkModel::ruleData(const Row& row, int role) const {
     case count:
         return static_cast<qint64>(finding.items.size());
     case risk:
-        return shownText(caseName(finding.rule.risk));
+        return static_cast<int>(finding.rule.risk);
     case removal:
         return finding.rule.removal == Removal::trash ? tr("Moved to Trash") : tr("Deleted immediately");
     case expanded:

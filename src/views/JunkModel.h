@@ -25,7 +25,7 @@ class JunkModel : public QAbstractListModel {
 
 public:
     /// `kind` is "group", "rule", "item" or "more"; a row fills the roles that its kind needs.
-    /// `tick` is a TickState.
+    /// `tick` is a TickState, `risk` a Risk.
     enum Role {
         kind = Qt::UserRole,
         title,

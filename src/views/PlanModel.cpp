@@ -121,7 +121,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (role == isHeading)
         return row.item == heading;
     if (role == risk)
-        return shownText(caseName(row.sectionRisk));
+        return static_cast<int>(row.sectionRisk);
     return row.item == heading ? headingData(row.sectionRisk, role) : itemData(m_plan.items[row.item], role);
 }
 

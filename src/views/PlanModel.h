@@ -29,7 +29,7 @@ class PlanModel : public QAbstractListModel {
     Q_PROPERTY(QString deleteLabel READ deleteLabel NOTIFY explanationChanged)
 
 public:
-    /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is the case name.
+    /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is a Risk.
     enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path };
 
     explicit PlanModel(QObject* parent = nullptr);
@@ -71,7 +71,7 @@ private:
     };
     static constexpr std::size_t heading = static_cast<std::size_t>(-1);
 
-    const Section& section(Risk risk) const { return m_sections.at(static_cast<std::size_t>(risk)); }
+    const Section& section(Risk wanted) const { return m_sections.at(static_cast<std::size_t>(wanted)); }
     bool permanently() const { return m_state && m_state->permanentDelete(); }
     void readPlan();
     void buildRows();
