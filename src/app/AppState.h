@@ -40,8 +40,8 @@ class AppState : public QObject {
     Q_PROPERTY(QString section READ sectionRaw WRITE setSectionRaw NOTIFY sectionChanged)
     Q_PROPERTY(QString scanTargetLabel READ scanTargetLabel NOTIFY scanTargetChanged)
     Q_PROPERTY(bool isScanning READ isScanning NOTIFY isScanningChanged)
-    Q_PROPERTY(qint64 progressFiles READ progressFiles NOTIFY progressChanged)
-    Q_PROPERTY(qint64 progressBytes READ progressBytes NOTIFY progressChanged)
+    Q_PROPERTY(double progressFiles READ progressFiles NOTIFY progressChanged)
+    Q_PROPERTY(double progressBytes READ progressBytes NOTIFY progressChanged)
     Q_PROPERTY(QString progressPath READ progressPath NOTIFY progressChanged)
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY scanChanged)
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
@@ -73,8 +73,8 @@ public:
     QString scanTargetLabel() const;
     bool isScanning() const { return m_isScanning; }
     const ScanProgressSnapshot& progress() const { return m_progress; }
-    qint64 progressFiles() const { return m_progress.files; }
-    qint64 progressBytes() const { return m_progress.bytes; }
+    double progressFiles() const { return static_cast<double>(m_progress.files); }
+    double progressBytes() const { return static_cast<double>(m_progress.bytes); }
     QString progressPath() const;
     const std::shared_ptr<ScanResult>& scan() const { return m_scan; } ///< null before the first result
     bool hasScan() const { return m_scan != nullptr; }

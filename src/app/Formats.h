@@ -39,14 +39,17 @@ class Formats : public QObject {
     QML_SINGLETON
 
 public:
-    Q_INVOKABLE QString bytes(qint64 bytes) const { return bytesText(bytes, QLocale()); }
-    Q_INVOKABLE QString count(qint64 count) const { return countText(count, QLocale()); }
-    Q_INVOKABLE QString percent(qint64 part, qint64 whole) const {
-        return percentText(part, whole, QLocale());
+    Q_INVOKABLE QString bytes(double bytes) const { return bytesText(whole(bytes), QLocale()); }
+    Q_INVOKABLE QString count(double count) const { return countText(whole(count), QLocale()); }
+    Q_INVOKABLE QString percent(double part, double of) const {
+        return percentText(whole(part), whole(of), QLocale());
     }
     Q_INVOKABLE QString date(double secondsSince1970) const { return dateText(secondsSince1970, QLocale()); }
     Q_INVOKABLE QString relativeDate(double secondsSince1970) const;
     Q_INVOKABLE QString duration(double seconds) const;
+
+private:
+    static std::int64_t whole(double number) { return static_cast<std::int64_t>(number); }
 };
 
 } // namespace brimlet

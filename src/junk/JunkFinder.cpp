@@ -20,7 +20,7 @@ constexpr std::string_view containers = "Library/Containers/";
 constexpr double secondsPerDay = 86'400;
 
 /// Whether a rule takes a child for what its name and age say. `cutOff` in seconds since 1970.
-bool qualifies(const JunkRule& rule, const DirectoryEntry& child, std::optional<double> cutOff) {
+bool qualifies(const JunkRule& rule, const ListedChild& child, std::optional<double> cutOff) {
     if (rule.excludes(child.name))
         return false;
     if (child.name == folderSettings && rule.id != trashRule)
@@ -77,7 +77,7 @@ std::vector<JunkItem> JunkFinder::candidates(const JunkRule& rule) const {
     if (rule.minAgeDays)
         cutOff = m_now() - *rule.minAgeDays * secondsPerDay;
     std::vector<JunkItem> items;
-    for (const DirectoryEntry& child : *children) {
+    for (const ListedChild& child : *children) {
         if (qualifies(rule, child, cutOff))
             items.push_back({folder + "/" + child.name, rule.id, 0, 0, child.modified});
     }

@@ -8,10 +8,10 @@
 namespace brimlet {
 
 /// One direct child of a folder.
-struct DirectoryEntry {
+struct ListedChild {
     std::string name;               ///< last path component, any bytes
     std::optional<double> modified; ///< of its content, seconds since 1970; empty where it can't be told
-    bool operator==(const DirectoryEntry&) const = default;
+    bool operator==(const ListedChild&) const = default;
 };
 
 class DirectoryLister {
@@ -22,7 +22,7 @@ public:
     /// Dates are those of the children themselves, links not followed.
     /// returns empty where it can't be listed to its end, and where `folder` itself is a symbolic link
     /// thread  any
-    virtual std::optional<std::vector<DirectoryEntry>> children(const std::string& folder) const = 0;
+    virtual std::optional<std::vector<ListedChild>> children(const std::string& folder) const = 0;
 };
 
 } // namespace brimlet

@@ -27,11 +27,11 @@ const std::optional<VolumeInfo>& DiskSpace::volume() const {
 double DiskSpace::usedFraction() const {
     if (total() < 1)
         return 0;
-    return std::clamp(1 - static_cast<double>(free()) / static_cast<double>(total()), 0.0, 1.0);
+    return std::clamp(1 - free() / total(), 0.0, 1.0);
 }
 
 bool DiskSpace::low() const {
-    return total() > 0 && static_cast<double>(free()) / static_cast<double>(total()) < 0.1;
+    return total() > 0 && free() / total() < 0.1;
 }
 
 } // namespace brimlet

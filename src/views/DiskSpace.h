@@ -17,8 +17,8 @@ class DiskSpace : public QObject {
     Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(bool known READ known NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
-    Q_PROPERTY(qint64 free READ free NOTIFY changed)
-    Q_PROPERTY(qint64 total READ total NOTIFY changed)
+    Q_PROPERTY(double free READ free NOTIFY changed)
+    Q_PROPERTY(double total READ total NOTIFY changed)
     Q_PROPERTY(double usedFraction READ usedFraction NOTIFY changed)
     Q_PROPERTY(bool low READ low NOTIFY changed)
 
@@ -30,8 +30,8 @@ public:
 
     bool known() const { return volume().has_value(); }
     QString name() const { return known() ? QString::fromStdString(volume()->name) : QString(); }
-    qint64 free() const { return known() ? volume()->availableForImportantUsage : 0; }
-    qint64 total() const { return known() ? volume()->total : 0; }
+    double free() const { return known() ? static_cast<double>(volume()->availableForImportantUsage) : 0; }
+    double total() const { return known() ? static_cast<double>(volume()->total) : 0; }
     double usedFraction() const; ///< 0 to 1
     bool low() const;            ///< less than a tenth is free
 

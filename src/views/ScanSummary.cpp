@@ -18,12 +18,20 @@ std::vector<Segment> bucketSegments(const ScanResult& scan) {
             continue;
         const CategoryLook& bucketLook = look(bucket);
         segments.push_back({QString::fromStdString(std::string(bucketLook.caseName)),
-                            QString::fromStdString(localized(bucketLook.title)), found->second,
+                            QString::fromStdString(localized(bucketLook.title)), static_cast<double>(found->second),
                             QColor::fromRgb(bucketLook.color)});
     }
     std::stable_sort(segments.begin(), segments.end(),
                      [](const Segment& left, const Segment& right) { return left.value > right.value; });
     return segments;
+}
+
+QString placeName(const std::string& rootPath, const std::string& homeFolder) {
+    for (const ScanTarget& target : {ScanTarget::home(), ScanTarget::wholeDisk()}) {
+        if (target.path(homeFolder) == rootPath)
+            return QString::fromStdString(target.label());
+    }
+    return QString::fromStdString(displayPath(rootPath, homeFolder));
 }
 
 } // namespace
@@ -47,12 +55,12 @@ void ScanSummary::readScan() {
     if (!m_state || !m_state->hasScan())
         return;
     const ScanResult& scan = *m_state->scan();
-    m_total = scan.root->size;
-    m_files = scan.totalFiles;
-    m_folders = scan.totalDirectories;
-    m_unreadable = scan.unreadableDirectories;
+    m_total = static_cast<double>(scan.root->size);
+    m_files = static_cast<double>(scan.totalFiles);
+    m_folders = static_cast<double>(scan.totalDirectories);
+    m_unreadable = static_cast<double>(scan.unreadableDirectories);
     m_seconds = scan.duration;
-    m_place = QString::fromStdString(displayPath(scan.rootPath, m_state->homeFolder()));
+    m_place = placeName(scan.rootPath, m_state->homeFolder());
     m_buckets.clear();
     for (const Segment& segment : bucketSegments(scan))
         m_buckets.append(QVariant::fromValue(segment));

@@ -16,10 +16,10 @@ class ScanSummary : public QObject {
     QML_ELEMENT
 
     Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
-    Q_PROPERTY(qint64 total MEMBER m_total NOTIFY changed)
-    Q_PROPERTY(qint64 files MEMBER m_files NOTIFY changed)
-    Q_PROPERTY(qint64 folders MEMBER m_folders NOTIFY changed)
-    Q_PROPERTY(qint64 unreadable MEMBER m_unreadable NOTIFY changed)
+    Q_PROPERTY(double total MEMBER m_total NOTIFY changed)
+    Q_PROPERTY(double files MEMBER m_files NOTIFY changed)
+    Q_PROPERTY(double folders MEMBER m_folders NOTIFY changed)
+    Q_PROPERTY(double unreadable MEMBER m_unreadable NOTIFY changed)
     Q_PROPERTY(double seconds MEMBER m_seconds NOTIFY changed)
     Q_PROPERTY(QString place MEMBER m_place NOTIFY changed) ///< the scanned folder, as shown
     Q_PROPERTY(QVariantList buckets MEMBER m_buckets NOTIFY changed) ///< Segment, largest first, none empty
@@ -38,10 +38,10 @@ private:
     void readScan();
 
     QPointer<AppState> m_state;
-    qint64 m_total = 0;
-    qint64 m_files = 0;
-    qint64 m_folders = 0;
-    qint64 m_unreadable = 0;
+    double m_total = 0;
+    double m_files = 0;
+    double m_folders = 0;
+    double m_unreadable = 0;
     double m_seconds = 0;
     QString m_place;
     QVariantList m_buckets;

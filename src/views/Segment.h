@@ -1,7 +1,6 @@
 // One part of a bar or ring, with its legend.
 #pragma once
 
-#include <cstdint>
 #include <QColor>
 #include <QObject>
 #include <QString>
@@ -12,13 +11,13 @@ class Segment {
     Q_GADGET
     Q_PROPERTY(QString id MEMBER id CONSTANT)
     Q_PROPERTY(QString title MEMBER title CONSTANT)
-    Q_PROPERTY(qint64 value MEMBER value CONSTANT)
+    Q_PROPERTY(double value MEMBER value CONSTANT)
     Q_PROPERTY(QColor color MEMBER color CONSTANT)
 
 public:
     QString id;
     QString title;
-    std::int64_t value = 0; ///< bytes
+    double value = 0; ///< bytes
     QColor color;
     bool operator==(const Segment&) const = default;
 };

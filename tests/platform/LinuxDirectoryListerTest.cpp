@@ -24,9 +24,9 @@ TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDates) {
     tree.setTimes("folder/inner", 1, 6);
     tree.setTimes("folder/link", 1, -7);
     EXPECT_THAT(lister.children(tree.path("folder")),
-                Optional(UnorderedElementsAre(DirectoryEntry{".hidden", 1'700'000'000.5},
-                                              DirectoryEntry{"new\nline \xFF", 5}, DirectoryEntry{"inner", 6},
-                                              DirectoryEntry{"link", -7})));
+                Optional(UnorderedElementsAre(ListedChild{".hidden", 1'700'000'000.5},
+                                              ListedChild{"new\nline \xFF", 5}, ListedChild{"inner", 6},
+                                              ListedChild{"link", -7})));
     EXPECT_THAT(lister.children(tree.directory("empty")), Optional(IsEmpty()));
 }
 

@@ -33,11 +33,11 @@ std::optional<double> modificationDate(int folder, const char* name) {
 
 } // namespace
 
-std::optional<std::vector<DirectoryEntry>> LinuxDirectoryLister::children(const std::string& folder) const {
+std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std::string& folder) const {
     const OpenDirectory directory = openDirectory(folder);
     if (directory == nullptr)
         return std::nullopt;
-    std::vector<DirectoryEntry> entries;
+    std::vector<ListedChild> entries;
     for (;;) {
         errno = 0;
         const dirent* entry = readdir(directory.get());

@@ -16,14 +16,14 @@ T.Button {
     property bool menuIndicator: false
 
     readonly property bool filled: kind === AppButton.Primary || kind === AppButton.DestructiveFilled
-    readonly property color ink: filled ? Theme.onAccent
+    readonly property color ink: filled ? Theme.textOnAccent
                                         : kind === AppButton.Destructive ? Theme.dangerText : Theme.text
     readonly property color fill: kind === AppButton.Primary ? Theme.accent
                                 : kind === AppButton.DestructiveFilled ? Theme.dangerFill : Theme.card
 
     focusPolicy: Qt.StrongFocus
     implicitHeight: large ? Theme.largeControlHeight : Theme.controlHeight
-    implicitWidth: row.implicitWidth + leftPadding + rightPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: large ? Theme.spaceXl : Theme.spaceL
     opacity: enabled ? 1 : Theme.disabled
     rightPadding: leftPadding
@@ -54,12 +54,10 @@ T.Button {
         }
     }
     contentItem: Item {
-        implicitHeight: row.implicitHeight
-        implicitWidth: row.implicitWidth
+        implicitHeight: children[0].implicitHeight
+        implicitWidth: children[0].implicitWidth
 
         RowLayout {
-            id: row
-
             anchors.centerIn: parent
             spacing: Theme.spaceS
             width: Math.min(implicitWidth, parent.width)

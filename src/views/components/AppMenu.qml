@@ -7,11 +7,20 @@ import Brimlet
 T.Menu {
     id: control
 
+    property real widest: 0
+
     implicitHeight: contentHeight + topPadding + bottomPadding
-    implicitWidth: Math.max(Theme.sidebarWidth, contentItem.widest) + leftPadding + rightPadding
+    implicitWidth: Math.max(Theme.sidebarWidth, widest) + leftPadding + rightPadding
     margins: Theme.spaceS
     overlap: 1
     padding: Theme.spaceXs
+
+    onAboutToShow: {
+        let width = 0;
+        for (let row = 0; row < count; ++row)
+            width = Math.max(width, itemAt(row).implicitWidth);
+        widest = width;
+    }
 
     background: Rectangle {
         border.color: Theme.cardBorder
@@ -22,20 +31,11 @@ T.Menu {
         SoftShadow {}
     }
     contentItem: ListView {
-        property real widest: 0
-
         clip: true
         currentIndex: control.currentIndex
         implicitHeight: contentHeight
         interactive: contentHeight > height
         model: control.contentModel
-
-        onContentHeightChanged: {
-            let width = 0;
-            for (let row = 0; row < control.count; ++row)
-                width = Math.max(width, control.itemAt(row).implicitWidth);
-            widest = width;
-        }
     }
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick }

@@ -10,7 +10,7 @@ T.MenuItem {
     property string shortcut
 
     implicitHeight: Theme.controlHeight
-    implicitWidth: row.implicitWidth + leftPadding + rightPadding
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     leftPadding: Theme.spaceM
     opacity: enabled ? 1 : Theme.disabled
     rightPadding: Theme.spaceM
@@ -24,8 +24,6 @@ T.MenuItem {
         radius: Theme.radiusControl
     }
     contentItem: RowLayout {
-        id: row
-
         spacing: Theme.spaceXl
 
         AppText {

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // A bar whose parts take their share of the total; the rest stays an empty track. Hovering tells a part.
 import QtQuick
 import Brimlet

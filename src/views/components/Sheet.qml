@@ -51,7 +51,8 @@ T.Popup {
             radius: Theme.radiusCard
         }
     }
-    contentItem: FocusScope {
+    contentData: FocusScope {
+        anchors.fill: parent
         focus: true
 
         Accessible.name: sheet.title

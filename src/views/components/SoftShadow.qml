@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // The soft shadow of what floats, as stacked rectangles: it costs nothing and needs no graphics card.
 import QtQuick
 import Brimlet
@@ -6,7 +8,7 @@ Item {
     id: shadow
 
     property int radius: Theme.radiusControl
-    property int depth: 8
+    property int depth: 12
 
     anchors.fill: parent
     z: -1

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // What the scanned space is made of: the bar, and its legend with shares.
 import QtQuick
 import QtQuick.Layouts

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 // Explains Full Disk Access before the first scan that needs it.
 import QtQuick
 import QtQuick.Layouts

@@ -22,7 +22,7 @@ Item {
         onTriggered: App.section = "smartClean"
     }
     readonly property Action settings: Action {
-        shortcut: StandardKey.Preferences
+        shortcut: "Ctrl+,"
         text: qsTr("Settings…")
         onTriggered: commands.settingsWanted()
     }
@@ -31,7 +31,7 @@ Item {
         onTriggered: Updates.checkForUpdates()
     }
     readonly property Action quit: Action {
-        shortcut: StandardKey.Quit
+        shortcut: "Ctrl+Q"
         text: qsTr("Quit Brimlet")
         onTriggered: Qt.quit()
     }

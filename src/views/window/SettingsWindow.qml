@@ -4,6 +4,8 @@ import QtQuick.Controls
 import Brimlet
 
 ApplicationWindow {
+    id: settings
+
     color: Theme.window
     height: 440
     title: qsTr("Settings")
@@ -19,7 +21,7 @@ ApplicationWindow {
         wrapMode: Text.Wrap
     }
     Shortcut {
-        sequences: [StandardKey.Close, "Escape"]
-        onActivated: close()
+        sequences: ["Ctrl+W", "Escape"]
+        onActivated: settings.close()
     }
 }
