@@ -1,0 +1,44 @@
+// An open file descriptor that closes itself.
+#pragma once
+
+#include "platform/linux/FileSystemCalls.h"
+
+#include <utility>
+
+namespace brimlet {
+
+class Descriptor {
+public:
+    Descriptor() = default;
+
+    /// calls   must outlive the descriptor
+    /// number  an open descriptor, owned from now on; a negative one is none
+    Descriptor(FileSystemCalls& calls, int number)
+        : m_calls(&calls)
+        , m_number(number) {}
+    ~Descriptor() { close(); }
+    Descriptor(Descriptor&& other) noexcept
+        : m_calls(other.m_calls)
+        , m_number(std::exchange(other.m_number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        if (this != &other) {
+            close();
+            m_calls = other.m_calls;
+            m_number = std::exchange(other.m_number, -1);
+        }
+        return *this;
+    }
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+    void close() {
+        if (m_number >= 0)
+            m_calls->close(std::exchange(m_number, -1));
+    }
+
+private:
+    FileSystemCalls* m_calls = nullptr;
+    int m_number = -1;
+};
+
+} // namespace brimlet

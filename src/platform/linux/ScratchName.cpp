@@ -1,0 +1,27 @@
+#include "platform/linux/ScratchName.h"
+
+#include <array>
+#include <random>
+
+namespace brimlet {
+
+namespace {
+constexpr std::string_view prefix = ".brimlet-";
+constexpr std::string_view digits = "0123456789abcdef";
+constexpr std::size_t digitCount = 32;
+} // namespace
+
+std::string scratchName() {
+    std::random_device random;
+    std::string name(prefix);
+    for (std::size_t i = 0; i < digitCount; ++i)
+        name += digits[random() % digits.size()];
+    return name;
+}
+
+bool isScratchName(std::string_view name) {
+    return name.size() == prefix.size() + digitCount && name.starts_with(prefix) &&
+           name.find_first_not_of(digits, prefix.size()) == std::string_view::npos;
+}
+
+} // namespace brimlet

@@ -1,0 +1,173 @@
+#include "platform/linux/TreeCopier.h"
+
+#include "platform/linux/FileCopy.h"
+#include "platform/linux/TreeRemover.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace brimlet {
+
+namespace {
+constexpr int readFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
+constexpr int writeFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
+constexpr const char* linksFolder = "links";
+
+/// Whether a file is still what was seen of it before.
+bool isUnchanged(const FileStatus& before, const FileStatus& now) {
+    return now.isSameFile(before) && now.size == before.size &&
+           now.modified.tv_sec == before.modified.tv_sec && now.modified.tv_nsec == before.modified.tv_nsec;
+}
+} // namespace
+
+TreeCopier::TreeCopier(FileSystemCalls& calls, CopyManifest& manifest)
+    : m_calls(calls)
+    , m_manifest(manifest)
+    , m_listing(calls)
+    , m_sources(calls)
+    , m_targets(calls) {}
+
+Failure TreeCopier::copy(int parent, const std::string& name, int target, const std::string& newName) {
+    FileStatus status;
+    int result = m_calls.status(parent, name.c_str(), status);
+    m_device = status.device;
+    m_target = target;
+    if (result == 0)
+        result = copyEntry(parent, name, target, newName);
+    while (result == 0 && !m_levels.empty()) {
+        Level& level = m_levels.back();
+        if (level.names.empty()) {
+            result = finishFolder();
+        } else {
+            const std::string next = std::move(level.names.back());
+            level.names.pop_back();
+            result = copyEntry(m_sources.deepest(), next, m_targets.deepest(), next);
+        }
+    }
+    if (result == -EXDEV)
+        return mountedInside();
+    return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
+}
+
+int TreeCopier::copyEntry(int from, const std::string& name, int to, const std::string& newName) {
+    FileStatus status;
+    if (const int result = m_calls.status(from, name.c_str(), status); result < 0)
+        return result;
+    if (status.isMountPoint || status.device != m_device)
+        return -EXDEV;
+    if (status.isFolder())
+        return copyFolder(from, name, to, newName);
+    int result = 0;
+    if (status.isRegularFile())
+        result = status.links > 1 ? copyLinkedFile(from, name, status, to, newName)
+                                  : copyFile(from, name, status, to, newName);
+    else
+        result = status.isLink() ? copyLink(from, name, status, to, newName) : copyNode(status, to, newName);
+    if (result == 0)
+        m_manifest.add(status);
+    return result;
+}
+
+int TreeCopier::copyFolder(int from, const std::string& name, int to, const std::string& newName) {
+    Descriptor source(m_calls, m_calls.open(from, name.c_str(), readFlags | O_DIRECTORY));
+    if (!source.isOpen())
+        return source.number();
+    Level level;
+    if (const int result = m_calls.status(source.number(), "", level.status); result < 0)
+        return result;
+    if (level.status.isMountPoint || level.status.device != m_device)
+        return -EXDEV;
+    int count = 0;
+    while ((count = m_listing.readOn(source.number())) > 0) {
+        for (const ListedEntry& entry : m_listing.batch())
+            level.names.emplace_back(entry.name);
+    }
+    if (count < 0)
+        return count;
+    if (const int result = m_calls.makeFolder(to, newName.c_str(), S_IRWXU); result < 0)
+        return result;
+    Descriptor target(m_calls, m_calls.open(to, newName.c_str(), readFlags | O_DIRECTORY));
+    if (!target.isOpen())
+        return target.number();
+    FileStatus targetStatus;
+    if (const int result = m_calls.status(target.number(), "", targetStatus); result < 0)
+        return result;
+    m_sources.descend(std::move(source), level.status);
+    m_targets.descend(std::move(target), targetStatus);
+    m_levels.push_back(std::move(level));
+    return 0;
+}
+
+int TreeCopier::finishFolder() {
+    const FileStatus status = m_levels.back().status;
+    m_levels.pop_back();
+    if (const int result = copyMetadata(m_calls, m_sources.deepest(), status, m_targets.deepest());
+        result < 0)
+        return result;
+    const int result = m_sources.ascend();
+    return result < 0 ? result : m_targets.ascend();
+}
+
+int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& status, int to,
+                         const std::string& newName) {
+    const Descriptor source(m_calls, m_calls.open(from, name.c_str(), readFlags));
+    if (!source.isOpen())
+        return source.number();
+    FileStatus opened;
+    int result = m_calls.status(source.number(), "", opened);
+    if (result < 0)
+        return result;
+    if (!isUnchanged(status, opened))
+        return -EBUSY;
+    const Descriptor target(m_calls, m_calls.open(to, newName.c_str(), writeFlags, S_IRUSR | S_IWUSR));
+    if (!target.isOpen())
+        return target.number();
+    result = copyContents(m_calls, source.number(), target.number(), status.size);
+    if (result == 0)
+        result = copyMetadata(m_calls, source.number(), status, target.number());
+    if (result == 0)
+        result = m_calls.status(source.number(), "", opened);
+    if (result < 0)
+        return result;
+    return isUnchanged(status, opened) ? 0 : -EBUSY;
+}
+
+// The first of several names is copied into a folder of its own; there all of them find it, however deep they are.
+int TreeCopier::copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
+                               const std::string& newName) {
+    if (!m_links.isOpen()) {
+        if (const int result = m_calls.makeFolder(m_target, linksFolder, S_IRWXU); result < 0)
+            return result;
+        m_links = Descriptor(m_calls, m_calls.open(m_target, linksFolder, readFlags | O_DIRECTORY));
+        if (!m_links.isOpen())
+            return m_links.number();
+    }
+    const auto [first, isNew] = m_linkNames.emplace(status.inode, std::to_string(status.inode));
+    if (isNew) {
+        if (const int result = copyFile(from, name, status, m_links.number(), first->second); result < 0)
+            return result;
+    }
+    return m_calls.makeHardLink(m_links.number(), first->second.c_str(), to, newName.c_str());
+}
+
+int TreeCopier::copyLink(int from, const std::string& name, const FileStatus& status, int to,
+                         const std::string& newName) {
+    std::string destination(static_cast<std::size_t>(status.size) + 1, '\0');
+    const ssize_t length = m_calls.readLink(from, name.c_str(), destination.data(), destination.size());
+    if (length < 0)
+        return static_cast<int>(length);
+    if (static_cast<std::size_t>(length) >= destination.size())
+        return -EBUSY;
+    destination.resize(static_cast<std::size_t>(length));
+    const int result = m_calls.makeSymbolicLink(destination.c_str(), to, newName.c_str());
+    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str());
+}
+
+int TreeCopier::copyNode(const FileStatus& status, int to, const std::string& newName) {
+    const int result =
+        m_calls.makeNode(to, newName.c_str(), status.mode & (S_IFMT | 0777), status.specialDevice);
+    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str());
+}
+
+} // namespace brimlet

@@ -1,0 +1,164 @@
+#include "safety/DeletionHistory.h"
+
+#include "core/Localized.h"
+#include "safety/HistoryFormat.h"
+#include "safety/JournalRecovery.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <ctime>
+
+namespace brimlet {
+
+namespace {
+
+constexpr std::string_view fileName = "history.json";
+
+UuidSet identifiersOf(const std::vector<HistoryEntry>& entries) {
+    UuidSet identifiers;
+    for (const HistoryEntry& entry : entries)
+        identifiers.insert(entry.id);
+    return identifiers;
+}
+
+std::string damagedName(int attempt) {
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    gmtime_r(&now, &parts);
+    std::array<char, 32> stamp{};
+    const std::size_t length = std::strftime(stamp.data(), stamp.size(), "%Y%m%d-%H%M%S", &parts);
+    const std::string counted = attempt == 0 ? "" : "-" + std::to_string(attempt + 1);
+    return "history.damaged-" + std::string(stamp.data(), length) + counted + ".json";
+}
+
+PlatformError refusal(std::string_view sentence) {
+    return {ErrorDomain::posix, EEXIST, std::nullopt, localized(sentence)};
+}
+
+} // namespace
+
+DeletionHistory::DeletionHistory(RecordStore& store, FileRemoval& removal)
+    : m_store(store)
+    , m_removal(removal) {
+    m_entries = readFile().value_or(std::vector<HistoryEntry>());
+    m_base = identifiersOf(m_entries);
+    recover();
+}
+
+std::string DeletionHistory::filePath() const {
+    return m_store.folder() + "/" + std::string(fileName);
+}
+
+/// The file's entries, none when there is no file; empty when it can't be read or doesn't decode.
+std::optional<std::vector<HistoryEntry>> DeletionHistory::readFile() {
+    const auto bytes = m_store.read(fileName);
+    const auto* text = std::get_if<std::optional<std::string>>(&bytes);
+    if (text == nullptr)
+        return std::nullopt;
+    return *text ? historyFromText(**text) : std::vector<HistoryEntry>();
+}
+
+bool DeletionHistory::keepDamagedFile() {
+    constexpr int mostAttempts = 100; // of one second
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const Failure failure = m_store.rename(fileName, damagedName(attempt));
+        if (!failure)
+            return true;
+        if (failure->code != EEXIST)
+            return false;
+    }
+    return false;
+}
+
+bool DeletionHistory::save() {
+    const auto lock = m_store.lock();
+    if (errorIn(lock) != nullptr)
+        return false;
+    const auto theirs = readFile();
+    if (!theirs && !keepDamagedFile())
+        return false;
+    // A file that is gone or damaged says nothing about what others took away.
+    std::vector<HistoryEntry> merged = theirs && !theirs->empty()
+                                           ? mergedHistory(m_base, m_entries, *theirs)
+                                           : m_entries;
+    if (m_store.replace(fileName, historyText(merged)))
+        return false;
+    m_entries = std::move(merged);
+    m_base = identifiersOf(m_entries);
+    return true;
+}
+
+bool DeletionHistory::append(const std::vector<HistoryEntry>& entries) {
+    m_entries.insert(m_entries.begin(), entries.begin(), entries.end());
+    trimHistory(m_entries);
+    return save();
+}
+
+bool DeletionHistory::record(const ExecutedRun& run) {
+    const bool saved = run.entries.empty() || append(run.entries);
+    if (saved && run.journal)
+        run.journal->settle(m_removal);
+    return saved;
+}
+
+bool DeletionHistory::clear() {
+    m_entries.clear();
+    return save();
+}
+
+void DeletionHistory::markRestored(const Uuid& id) {
+    for (HistoryEntry& entry : m_entries)
+        entry.restored = entry.restored || entry.id == id;
+}
+
+Failure DeletionHistory::restore(const HistoryEntry& entry) {
+    if (!entry.trashPath)
+        return std::nullopt;
+    RunJournal journal(m_store);
+    const auto note = [&](const PlannedMove& move) {
+        return journal.note({IntentKind::restore, entry, move});
+    };
+    if (auto failure = m_removal.moveBack(*entry.trashPath, entry.originalPath, note)) {
+        journal.settle(m_removal);
+        return failure;
+    }
+    markRestored(entry.id);
+    if (save())
+        journal.settle(m_removal);
+    return std::nullopt;
+}
+
+Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
+    if (entry.restored)
+        return refusal("It has been restored already.");
+    if (!entry.trashPath)
+        return refusal("It was deleted permanently.");
+    const auto isThere = [&](const std::string& path) {
+        const auto identity = m_removal.identity(path);
+        const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
+        return found != nullptr && found->has_value();
+    };
+    if (!isThere(*entry.trashPath))
+        return refusal("It is no longer in the Trash.");
+    if (isThere(entry.originalPath))
+        return refusal("Something else is in its place now.");
+    return restore(entry);
+}
+
+void DeletionHistory::recover() {
+    JournalRecovery recovery(m_store, m_removal);
+    const RecoveredEntries found = recovery.complete();
+    if (found.isEmpty())
+        return;
+    UuidSet known = identifiersOf(m_entries);
+    std::vector<HistoryEntry> missing;
+    std::copy_if(found.deleted.begin(), found.deleted.end(), std::back_inserter(missing),
+                 [&](const HistoryEntry& entry) { return !known.contains(entry.id); });
+    for (const Uuid& id : found.restored)
+        markRestored(id);
+    if (append(missing))
+        recovery.forget();
+}
+
+} // namespace brimlet

@@ -1,0 +1,83 @@
+#include "safety/JournalRecovery.h"
+
+#include <algorithm>
+
+namespace brimlet {
+
+RecoveredEntries JournalRecovery::complete() {
+    RecoveredEntries found;
+    const auto lock = m_store.lock();
+    const auto listed = m_store.names();
+    const auto* names = std::get_if<std::vector<std::string>>(&listed);
+    if (errorIn(lock) != nullptr || names == nullptr)
+        return found;
+    for (const std::string& name : *names) {
+        if (!isJournalName(name))
+            continue;
+        Result<std::unique_ptr<RecordLog>> adopted = m_store.adoptLog(name);
+        auto* log = std::get_if<std::unique_ptr<RecordLog>>(&adopted);
+        if (log == nullptr || *log == nullptr)
+            continue;
+        const Result<std::string> text = (*log)->content();
+        if (errorIn(text) != nullptr)
+            continue;
+        bool isFinished = true;
+        const std::size_t before = found.deleted.size() + found.restored.size();
+        for (const Intent& intent : intentsFromText(*std::get_if<std::string>(&text)))
+            isFinished = completeIntent(intent, found) && isFinished;
+        if (!isFinished)
+            continue;
+        if (found.deleted.size() + found.restored.size() == before)
+            (void)m_store.remove(name);
+        else
+            m_finished.emplace_back(name, std::move(*log));
+    }
+    return found;
+}
+
+void JournalRecovery::forget() {
+    for (const auto& [name, log] : m_finished)
+        (void)m_store.remove(name);
+    m_finished.clear();
+}
+
+bool JournalRecovery::isAt(const std::string& path, const FileIdentity& identity) {
+    const auto there = m_removal.identity(path);
+    const auto* found = std::get_if<std::optional<FileIdentity>>(&there);
+    return found != nullptr && *found == identity;
+}
+
+/// Whether nothing of this intent is left to be done at another start.
+bool JournalRecovery::completeIntent(const Intent& intent, RecoveredEntries& found) {
+    const bool isTidy = tidy(intent);
+    HistoryEntry entry = intent.entry;
+    if (intent.kind == IntentKind::remove) {
+        const auto there = m_removal.identity(entry.originalPath);
+        const auto* original = std::get_if<std::optional<FileIdentity>>(&there);
+        if (isTidy && original != nullptr && !*original)
+            found.deleted.push_back(std::move(entry));
+    } else if (!intent.move.destination.empty() && isAt(intent.move.destination, intent.move.identity)) {
+        if (intent.kind == IntentKind::restore) {
+            found.restored.push_back(entry.id);
+        } else {
+            entry.trashPath = intent.move.destination;
+            found.deleted.push_back(std::move(entry));
+        }
+    }
+    return isTidy;
+}
+
+bool JournalRecovery::tidy(const Intent& intent) {
+    bool isTidy = true;
+    if (!intent.move.setAside.empty()) {
+        const std::string& place = intent.kind == IntentKind::restore
+                                       ? intent.entry.trashPath.value_or(std::string())
+                                       : intent.entry.originalPath;
+        isTidy = !m_removal.returnToPlace(intent.move.setAside, place);
+    }
+    for (const std::string& path : intent.move.scratch)
+        isTidy = !m_removal.removeScratch(path) && isTidy;
+    return isTidy;
+}
+
+} // namespace brimlet

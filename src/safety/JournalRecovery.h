@@ -1,0 +1,44 @@
+// Looks after the journals of runs that died: what they had begun is either true by now or never happened.
+#pragma once
+
+#include "platform/FileRemoval.h"
+#include "platform/RecordStore.h"
+#include "safety/RunJournal.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace brimlet {
+
+struct RecoveredEntries {
+    std::vector<HistoryEntry> deleted; ///< whose item is where it was meant to go, or gone for good
+    std::vector<Uuid> restored;        ///< whose item is back in its place
+    bool isEmpty() const { return deleted.empty() && restored.empty(); }
+};
+
+class JournalRecovery {
+public:
+    /// Both must outlive the recovery.
+    JournalRecovery(RecordStore& store, FileRemoval& removal)
+        : m_store(store)
+        , m_removal(removal) {}
+
+    /// Finds what dead runs did and removes their scratch. Journals that yield entries stay until forget().
+    RecoveredEntries complete();
+
+    /// Removes the journals, once the history holds what complete() gave.
+    void forget();
+
+private:
+    bool completeIntent(const Intent& intent, RecoveredEntries& found);
+    bool tidy(const Intent& intent);
+    bool isAt(const std::string& path, const FileIdentity& identity);
+
+    RecordStore& m_store;
+    FileRemoval& m_removal;
+    std::vector<std::pair<std::string, std::unique_ptr<RecordLog>>> m_finished; ///< kept locked until forgotten
+};
+
+} // namespace brimlet

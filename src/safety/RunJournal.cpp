@@ -1,0 +1,125 @@
+#include "safety/RunJournal.h"
+
+#include "safety/HistoryFormat.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <map>
+
+namespace brimlet {
+
+namespace {
+
+constexpr std::string_view prefix = "run-";
+constexpr std::string_view suffix = ".journal";
+constexpr std::array<std::string_view, 3> kindNames = {"remove", "trash", "restore"};
+
+std::optional<std::string> textMember(const Json& object, const char* key) {
+    const auto found = object.find(key);
+    if (found == object.end() || !found->is_string())
+        return std::nullopt;
+    return bytesOf(*found);
+}
+
+std::optional<Intent> intentFromLine(std::string_view line) {
+    const auto object = readJson(line);
+    if (!object || !object->is_object() || !object->contains("entry") || !object->contains("scratch"))
+        return std::nullopt;
+    const auto kind = textMember(*object, "kind");
+    const auto known = std::find(kindNames.begin(), kindNames.end(), kind.value_or(std::string()));
+    auto entry = historyFromJson(object->at("entry"));
+    auto destination = textMember(*object, "destination");
+    auto identity = textMember(*object, "identity");
+    auto setAside = textMember(*object, "setAside");
+    const Json& scratch = object->at("scratch");
+    if (known == kindNames.end() || !entry || !destination || !identity || !setAside || !scratch.is_array())
+        return std::nullopt;
+    Intent intent{static_cast<IntentKind>(known - kindNames.begin()),
+                  std::move(*entry),
+                  {std::move(*destination), std::move(*identity), {}, std::move(*setAside)}};
+    for (const Json& path : scratch) {
+        if (!path.is_string())
+            return std::nullopt;
+        intent.move.scratch.push_back(bytesOf(path));
+    }
+    return intent;
+}
+
+} // namespace
+
+bool isJournalName(std::string_view name) {
+    return name.starts_with(prefix) && name.ends_with(suffix);
+}
+
+std::string intentText(const Intent& intent) {
+    Json object = Json::object();
+    object["kind"] = kindNames[static_cast<std::size_t>(intent.kind)];
+    object["entry"] = historyJson(intent.entry);
+    object["destination"] = jsonString(intent.move.destination);
+    object["identity"] = jsonString(intent.move.identity);
+    object["setAside"] = jsonString(intent.move.setAside);
+    object["scratch"] = Json::array();
+    for (const std::string& path : intent.move.scratch)
+        object["scratch"].push_back(jsonString(path));
+    return "\n" + writeJson(object) + "\n";
+}
+
+std::vector<Intent> intentsFromText(std::string_view text) {
+    std::vector<Intent> intents;
+    std::map<Uuid, std::size_t> places;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        auto intent = intentFromLine(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (!intent)
+            continue;
+        const auto [place, isNew] = places.emplace(intent->entry.id, intents.size());
+        if (isNew) {
+            intents.push_back(std::move(*intent));
+            continue;
+        }
+        Intent& earlier = intents[place->second];
+        std::move(earlier.move.scratch.begin(), earlier.move.scratch.end(),
+                  std::back_inserter(intent->move.scratch));
+        earlier = std::move(*intent);
+    }
+    return intents;
+}
+
+RunJournal::RunJournal(RecordStore& store)
+    : m_store(store)
+    , m_name(std::string(prefix) + Uuid::random().text() + std::string(suffix)) {}
+
+Failure RunJournal::note(const Intent& intent) {
+    if (!m_log) {
+        const auto lock = m_store.lock();
+        if (const PlatformError* error = errorIn(lock))
+            return *error;
+        Result<std::unique_ptr<RecordLog>> log = m_store.createLog(m_name);
+        if (const PlatformError* error = errorIn(log))
+            return *error;
+        m_log = valueOf(std::move(log));
+    }
+    m_scratch.insert(m_scratch.end(), intent.move.scratch.begin(), intent.move.scratch.end());
+    if (!intent.move.setAside.empty())
+        m_scratch.push_back(intent.move.setAside);
+    const bool mayOnlyDie = intent.kind == IntentKind::remove && intent.move.scratch.empty();
+    return m_log->append(intentText(intent),
+                         mayOnlyDie ? Durability::survivesCrash : Durability::survivesPowerCut);
+}
+
+void RunJournal::settle(FileRemoval& removal) {
+    if (!m_log)
+        return;
+    const bool clean = std::all_of(m_scratch.begin(), m_scratch.end(), [&](const std::string& path) {
+        const auto identity = removal.identity(path);
+        const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
+        return found != nullptr && !*found;
+    });
+    if (clean)
+        (void)m_store.remove(m_name);
+    m_log.reset();
+}
+
+} // namespace brimlet
