@@ -9,6 +9,8 @@
 #include "platform/PreferencesStore.h"
 #include "platform/SystemOpener.h"
 #include "platform/Volumes.h"
+#include "safety/DeletionExecutor.h"
+#include "safety/DeletionHistory.h"
 #include "safety/DeletionRecords.h"
 #include "safety/SafetyPolicy.h"
 
@@ -28,8 +30,8 @@ using ScanWalk = std::function<std::shared_ptr<ScanResult>(
 /// Searches the disk for all junk on the calling thread, as JunkFinder::scan does.
 using JunkSearch = std::function<std::vector<JunkFinding>()>;
 
-/// Carries requests out on the calling thread.
-using DeletionRun = std::function<DeletionReport(const std::vector<DeletionRequest>&)>;
+/// Carries requests out on the calling thread, as DeletionExecutor::execute does.
+using DeletionRun = std::function<ExecutedRun(const std::vector<DeletionRequest>&)>;
 
 /// All references outlive the AppState that is given them.
 struct AppServices {
@@ -43,6 +45,7 @@ struct AppServices {
     StageClock& clock;
     JunkSearch junkSearch;
     DeletionRun deletionRun;
+    DeletionHistory& history;
     ScanWalk scanWalk = [](Scanner& scanner, const auto& rootPath, const auto& excluded,
                            const auto& progress) { return scanner.scan(rootPath, excluded, progress); };
 };

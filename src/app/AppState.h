@@ -15,6 +15,8 @@
 #include "junk/JunkFinder.h"
 #include "junk/JunkPlan.h"
 #include "junk/QuickClean.h"
+#include "safety/DeletionHistory.h"
+#include "safety/DeletionPlanning.h"
 #include "safety/DeletionRecords.h"
 
 #include <functional>
@@ -31,6 +33,9 @@ class QJSEngine;
 class QQmlEngine;
 
 namespace brimlet {
+
+/// Whether the user is told what a run did.
+enum class RunNotice { shown, quiet };
 
 class AppState : public QObject {
     Q_OBJECT
@@ -111,14 +116,31 @@ public:
     void setPlan(std::optional<DeletionPlan> plan);
     const std::optional<Toast>& toast() const { return m_toast; }
     void setToast(std::optional<Toast> toast);
-    void proposePlan(std::vector<PlanItem> items, const std::string& title);
-    void executePlan(const DeletionPlan& plan, bool includeReview);
-    void runDeletion(std::vector<DeletionRequest> requests, std::function<void(const DeletionReport&)> then);
     const std::vector<DeletionFailure>& failures() const { return m_failures; }
     void setFailures(std::vector<DeletionFailure> failures);
 
-    /// Puts entries of the history back where they were.
+    /// Publishes a plan of the items that lie in no other item; does nothing without items.
+    void proposePlan(const std::vector<PlanItem>& items, std::string_view title);
+
+    /// Closes the plan and removes what it holds; what is protected, or wants a look and was not accepted,
+    /// stays.
+    void executePlan(const DeletionPlan& plan, ReviewItems review);
+
+    /// Removes in the background, then brings history, tree, lists, volume and, unless quiet, the notice up to
+    /// date.
+    /// then  called after all that; may be empty
+    void runDeletion(std::vector<DeletionRequest> requests, RunNotice notice,
+                     std::function<void(const DeletionReport&)> then);
+
+    const DeletionHistory& history() const { return m_services.history; }
+
+    /// Puts entries back where they were, as far as that is possible, and says how many.
     void restoreEntries(const std::vector<HistoryEntry>& entries);
+
+    /// Puts one entry back. What can't be is left as it was, without a word.
+    void restoreEntry(const HistoryEntry& entry);
+
+    Q_INVOKABLE void clearHistory();
 
     // Junk and Quick Clean
     const std::vector<JunkFinding>& junk() const { return m_junk; } ///< a finding may have lost all its items
@@ -174,7 +196,7 @@ signals:
     void planChanged();
     void toastChanged();
     void failuresChanged();
-    void restoreWanted(const std::vector<HistoryEntry>& entries);
+    void historyChanged();
     void junkChanged();
     void junkLoadingChanged();
     void smartPhaseChanged();
@@ -197,6 +219,7 @@ private:
     void beginWalk();
     void finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_ptr<ScanResult> result);
     void raiseRevision();
+    void finishDeletion(const ExecutedRun& run, RunNotice notice);
     void finishJunkLoad(int load, std::vector<JunkFinding> found);
     void removeDeletedJunk(const std::unordered_set<std::string>& paths);
     void finishSmartClean(const DeletionReport& report);

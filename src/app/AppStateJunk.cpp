@@ -107,7 +107,7 @@ void AppState::startSmartClean() {
         return;
     setSmartPhase(SmartPhase::cleaning);
     const StageClock::Time earliest = m_services.clock.now() + shortestCleaning;
-    runDeletion(std::move(requests), [this, earliest](const DeletionReport& report) {
+    runDeletion(std::move(requests), RunNotice::shown, [this, earliest](const DeletionReport& report) {
         callAtEarliest(earliest, [this, report] { finishSmartClean(report); });
     });
 }
@@ -123,7 +123,7 @@ void AppState::finishSmartClean(const DeletionReport& report) {
 void AppState::proposeJunkPlan(std::vector<ChosenJunk> chosen) {
     const auto title = tr("Clean Junk").toStdString();
     m_work.run([chosen = std::move(chosen), &policy = m_services.policy] { return planItems(chosen, policy); },
-               [this, title](std::vector<PlanItem> items) { proposePlan(std::move(items), title); });
+               [this, title](const std::vector<PlanItem>& items) { proposePlan(items, title); });
 }
 
 } // namespace brimlet

@@ -107,7 +107,7 @@ void PlanModel::cancel() {
 
 void PlanModel::confirm() {
     if (m_state && m_state->plan() && canDelete())
-        m_state->executePlan(m_plan, m_acceptedReview);
+        m_state->executePlan(m_plan, m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
 }
 
 int PlanModel::rowCount(const QModelIndex& parent) const {

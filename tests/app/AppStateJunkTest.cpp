@@ -1,7 +1,10 @@
 #include "app/AppState.h"
 
+#include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/LinuxRecordStore.h"
 #include "support/FakeSystem.h"
 #include "support/MadeUpJunk.h"
+#include "support/TemporaryTree.h"
 
 #include <deque>
 #include <future>
@@ -89,6 +92,11 @@ protected:
     test::FakeRunningApplications running;
     SafetyPolicy policy{"/Users/bob", junkCatalogue(), bundles, running};
     test::FakeStageClock clock;
+    test::TemporaryTree tree;
+    FileSystemCalls calls;
+    LinuxFileRemoval removal{tree.root(), calls};
+    LinuxRecordStore records{tree.path("history"), calls};
+    DeletionHistory history{records, removal};
     SearchesInHand searches;
     std::vector<DeletionRequest> asked;
     DeletionReport report;
@@ -96,8 +104,9 @@ protected:
                                [this] { return searches.next(); },
                                [this](const std::vector<DeletionRequest>& requests) {
                                    asked = requests;
-                                   return report;
-                               }}};
+                                   return ExecutedRun{report, {}, nullptr};
+                               },
+                               history}};
 };
 
 TEST_F(AppStateJunk, scanningLastsItsShortestTimeHoweverFastTheDisk) {
