@@ -18,10 +18,10 @@ TEST(AppState, isCreatedInItsOrder) {
     app.preferences.values["autoScan"] = std::string("home");
     app.state();
     app.walks.begun(0);
-    EXPECT_THAT(app.log, ElementsAre("volume /", "read excludedPaths", "read permanentDelete", "volume /",
-                                     "read lastAutoClean", "read lastAutoCleanBytes",
-                                     "read accessOnboardingSkipped", "probe", "read initialSection",
-                                     "read autoScan", "probe", "probe"));
+    EXPECT_THAT(app.log,
+                ElementsAre("volume /", "read excludedPaths", "read permanentDelete", "volume /",
+                            "read lastAutoClean", "read lastAutoCleanBytes", "read accessOnboardingSkipped",
+                            "probe", "read initialSection", "read autoScan", "probe", "probe"));
 }
 
 TEST(AppState, beginsWithItsInitialValues) {

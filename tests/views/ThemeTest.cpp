@@ -25,7 +25,9 @@ double contrast(const QColor& one, const QColor& other) {
 
 /// What a translucent colour looks like on a surface.
 QColor over(const QColor& color, const QColor& surface) {
-    const auto mix = [&](float top, float below) { return top * color.alphaF() + below * (1 - color.alphaF()); };
+    const auto mix = [&](float top, float below) {
+        return top * color.alphaF() + below * (1 - color.alphaF());
+    };
     return QColor::fromRgbF(mix(color.redF(), surface.redF()), mix(color.greenF(), surface.greenF()),
                             mix(color.blueF(), surface.blueF()));
 }
