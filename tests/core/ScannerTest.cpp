@@ -343,12 +343,12 @@ TEST(MeasureTree, mayRunOnManyThreadsAtOnce) {
 
 TEST(MeasureTree, startsNoThreadForASmallFolder) {
     const TemporaryTree tree;
-    fillWide(tree, 3);
+    fillWide(tree, 2);
     ThreadWatch watch;
     for (int i = 0; i < 5'000; ++i)
         measureTree(tree.root());
     // A walk that the machine holds up may take some along.
-    EXPECT_LE(watch.shareOfTime(), 0.1);
+    EXPECT_LE(watch.shareOfTime(), 0.2);
 }
 
 } // namespace
