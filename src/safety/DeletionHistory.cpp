@@ -79,9 +79,8 @@ bool DeletionHistory::save() {
     if (!theirs && !keepDamagedFile())
         return false;
     // A file that is gone or damaged says nothing about what others took away.
-    std::vector<HistoryEntry> merged = theirs && !theirs->empty()
-                                           ? mergedHistory(m_base, m_entries, *theirs)
-                                           : m_entries;
+    std::vector<HistoryEntry> merged =
+        theirs && !theirs->empty() ? mergedHistory(m_base, m_entries, *theirs) : m_entries;
     if (m_store.replace(fileName, historyText(merged)))
         return false;
     m_entries = std::move(merged);

@@ -245,7 +245,7 @@ TEST(MainWindow, everythingIsReachedByTab) {
     app.preferences.values["initialSection"] = std::string("overview");
     TestWindow window(app);
     for (const char* name :
-         {"Sections", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
+         {"Overview", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
         EXPECT_TRUE(window.driver().tabTo(name)) << name;
     window.driver().key(Qt::Key_Space);
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <QQmlComponent>
 
 namespace brimlet {
 namespace {
@@ -40,8 +41,11 @@ QColor withAlpha(QColor color, double alpha) {
 TEST(Theme, textsStandOutFromTheirSurfaces) {
     test::TestApp app;
     test::TestWindow window(app);
-    QObject* theme = window.engine().singletonInstance<QObject*>(qmlTypeId("Brimlet", 1, 0, "Theme"));
-    ASSERT_NE(theme, nullptr);
+    QQmlComponent reader(&window.engine());
+    reader.setData("import QtQml; import Brimlet; QtObject { property QtObject theme: Theme }", {});
+    const std::unique_ptr<QObject> holder(reader.create());
+    ASSERT_NE(holder, nullptr) << reader.errorString().toStdString();
+    const auto* theme = holder->property("theme").value<QObject*>();
     const auto token = [&](const char* name) { return theme->property(name).value<QColor>(); };
     const double tint = theme->property("tint").toDouble();
 

@@ -76,8 +76,7 @@ Result<std::string> EntryMove::place(int folder, const std::string& name, Planne
         plan.destination = targetPath(*newName);
         if (auto refused = m_before(plan))
             return std::move(*refused);
-        const int result =
-            renameExclusively(m_calls, folder, name, m_target.folder.number(), *newName);
+        const int result = renameExclusively(m_calls, folder, name, m_target.folder.number(), *newName);
         if (result == 0)
             return chosen;
         if (result != -EEXIST || m_choice == NameChoice::exact)
@@ -141,9 +140,7 @@ Failure EntryMove::setOriginalAside(int scratch, const std::string& placed, cons
         result = renameExclusively(m_calls, folder, m_source.name, folder, aside);
     if (result == 0)
         return std::nullopt;
-    twice([&] {
-        return renameExclusively(m_calls, m_target.folder.number(), placed, scratch, copyName);
-    });
+    twice([&] { return renameExclusively(m_calls, m_target.folder.number(), placed, scratch, copyName); });
     return errorFromErrno(-result);
 }
 

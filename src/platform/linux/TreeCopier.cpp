@@ -133,7 +133,8 @@ int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& st
     return isUnchanged(status, opened) ? 0 : -EBUSY;
 }
 
-// The first of several names is copied into a folder of its own; there all of them find it, however deep they are.
+// The first of several names is copied into a folder of its own; there all of them find it, however deep they
+// are.
 int TreeCopier::copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
                                const std::string& newName) {
     if (!m_links.isOpen()) {
