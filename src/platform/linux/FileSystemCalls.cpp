@@ -138,8 +138,7 @@ ssize_t FileSystemCalls::writeAt(int file, const char* bytes, std::size_t count,
 }
 
 std::int64_t FileSystemCalls::seek(int file, std::int64_t offset, int whence) {
-    return perform({"seek", false, file},
-                   [=]() -> std::int64_t { return ::lseek(file, offset, whence); });
+    return perform({"seek", false, file}, [=]() -> std::int64_t { return ::lseek(file, offset, whence); });
 }
 
 int FileSystemCalls::truncate(int file, std::int64_t bytes) {
