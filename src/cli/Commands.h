@@ -16,6 +16,8 @@ enum class ExitStatus {
 
 void addScanCommand(CLI::App& app, ExitStatus& status);
 void addMeasureCommand(CLI::App& app, ExitStatus& status);
+void addJunkCommand(CLI::App& app, ExitStatus& status);
+void addVerdictCommand(CLI::App& app, ExitStatus& status);
 
 /// Writes one sentence to standard error. Returns `failed`.
 ExitStatus fail(std::string_view sentence);

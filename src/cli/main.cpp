@@ -13,6 +13,8 @@ namespace {
 constexpr auto addCommands = {
     addScanCommand,
     addMeasureCommand,
+    addJunkCommand,
+    addVerdictCommand,
 };
 
 int run(int argc, char** argv) {

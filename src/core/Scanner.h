@@ -38,6 +38,7 @@ public:
     /// Ends the scan at the next directory of each thread. Any thread, any number of times, also before
     /// `scan`.
     void cancel() { m_cancelled = true; }
+    bool isCancelled() const { return m_cancelled; }
 
 private:
     std::atomic<bool> m_cancelled = false;

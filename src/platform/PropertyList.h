@@ -16,7 +16,7 @@ namespace brimlet {
 class PropertyList {
 public:
     /// Longer ones are not read.
-    static constexpr std::size_t maximumBytes = std::size_t{4} * 1024 * 1024;
+    static constexpr std::size_t maximumBytes = std::size_t{1024} * 1024;
 
     /// Empty where the bytes are no harmless property list.
     static std::optional<PropertyList> fromBytes(std::string_view bytes);

@@ -1,5 +1,6 @@
 #include "platform/PropertyListGuard.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -14,6 +15,7 @@ constexpr std::size_t trailerBytes = 32;
 constexpr std::size_t maximumDepth = 128;
 constexpr std::size_t maximumObjects = 1 << 18;
 constexpr std::size_t maximumContainersInXml = 4096;
+constexpr std::ptrdiff_t maximumReferencesInXml = 4096;
 
 /// An object's cost is about the memory it takes once parsed, with everything it refers to.
 constexpr std::uint64_t maximumCost = std::uint64_t{64} * 1024 * 1024;
@@ -152,7 +154,8 @@ bool isHarmlessBinaryPropertyList(std::string_view bytes) {
 }
 
 bool isHarmlessXmlPropertyList(std::string_view bytes) {
-    return occurrences(bytes, "<array") + occurrences(bytes, "<dict") <= maximumContainersInXml;
+    return occurrences(bytes, "<array") + occurrences(bytes, "<dict") <= maximumContainersInXml &&
+           std::ranges::count(bytes, '&') <= maximumReferencesInXml;
 }
 
 } // namespace brimlet

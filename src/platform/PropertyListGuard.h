@@ -11,7 +11,9 @@ namespace brimlet {
 /// itself, nesting stays below 128 levels, and all of them written out stay below 64 MiB.
 bool isHarmlessBinaryPropertyList(std::string_view bytes);
 
-/// Whether an XML list has few enough containers (4,096) that nesting can't go deep, however they stand.
+/// Whether an XML list has few enough containers (4,096) that nesting can't go deep, however they stand, and
+/// few enough references to characters (4,096), each of which costs the library a pass over the text around
+/// it.
 bool isHarmlessXmlPropertyList(std::string_view bytes);
 
 } // namespace brimlet

@@ -1,19 +1,8 @@
 #include "shell/BrimletApp.h"
 
-#include "core/Localized.h"
-
-#include <QCoreApplication>
+#include "app/Translation.h"
 
 namespace brimlet {
-
-namespace {
-
-/// The texts of the layers below stand in the translations' context "brimlet".
-std::string translated(std::string_view english) {
-    return QCoreApplication::translate("brimlet", std::string(english).c_str()).toStdString();
-}
-
-} // namespace
 
 BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedColors)
     : m_homeFolder(std::move(homeFolder))
@@ -22,7 +11,7 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_appearance(fixedColors)
     , m_accessProbe(m_homeFolder)
     , m_preferences(FilePreferencesStore::standardFile(m_homeFolder)) {
-    setTextLookup(translated);
+    connectTranslations();
     addPackedFonts();
 }
 

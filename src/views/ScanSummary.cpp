@@ -26,6 +26,14 @@ std::vector<Segment> bucketSegments(const ScanResult& scan) {
     return segments;
 }
 
+QString placeName(const std::string& rootPath, const std::string& homeFolder) {
+    for (const ScanTarget& target : {ScanTarget::home(), ScanTarget::wholeDisk()}) {
+        if (target.path(homeFolder) == rootPath)
+            return QString::fromStdString(target.label());
+    }
+    return QString::fromStdString(displayPath(rootPath, homeFolder));
+}
+
 } // namespace
 
 ScanSummary::ScanSummary(QObject* parent)
@@ -52,7 +60,7 @@ void ScanSummary::readScan() {
     m_folders = static_cast<double>(scan.totalDirectories);
     m_unreadable = static_cast<double>(scan.unreadableDirectories);
     m_seconds = scan.duration;
-    m_place = QString::fromStdString(displayPath(scan.rootPath, m_state->homeFolder()));
+    m_place = placeName(scan.rootPath, m_state->homeFolder());
     m_buckets.clear();
     for (const Segment& segment : bucketSegments(scan))
         m_buckets.append(QVariant::fromValue(segment));

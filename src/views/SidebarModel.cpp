@@ -31,6 +31,11 @@ constexpr std::array<Row, 13> rows = {{
     {AppSection::history, ""},
 }};
 
+bool startsGroupAt(int row) {
+    const auto at = static_cast<std::size_t>(row);
+    return at == 0 || rows.at(at).group != rows.at(at - 1).group;
+}
+
 QString translated(std::string_view english) {
     return english.empty() ? QString() : QString::fromStdString(localized(english));
 }
@@ -61,15 +66,18 @@ QVariant SidebarModel::data(const QModelIndex& index, int role) const {
         return translated(section.title);
     case symbol:
         return plain(section.symbol);
-    case group:
-        return translated(row.group);
+    case startsGroup:
+        return startsGroupAt(index.row());
+    case heading:
+        return startsGroupAt(index.row()) ? translated(row.group) : QString();
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> SidebarModel::roleNames() const {
-    return {{sectionId, "sectionId"}, {title, "title"}, {symbol, "symbol"}, {group, "group"}};
+    return {{sectionId, "sectionId"}, {title, "title"}, {symbol, "symbol"},
+            {startsGroup, "startsGroup"}, {heading, "heading"}};
 }
 
 int SidebarModel::rowOf(const QString& section) const {

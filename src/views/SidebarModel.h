@@ -11,8 +11,9 @@ class SidebarModel : public QAbstractListModel {
     QML_ELEMENT
 
 public:
-    /// `group` is the translated heading of the row's group, empty for the last one.
-    enum Role { sectionId = Qt::UserRole, title, symbol, group };
+    /// `startsGroup` marks the first row of each group; `heading` is the group's translated name there, empty
+    /// for a group without one.
+    enum Role { sectionId = Qt::UserRole, title, symbol, startsGroup, heading };
 
     explicit SidebarModel(QObject* parent = nullptr);
 

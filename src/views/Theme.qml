@@ -20,7 +20,7 @@ QtObject {
     readonly property color pressed: dark ? "#1affffff" : "#17000000"
     readonly property color selection: withAlpha(accent, dark ? 0.28 : 0.14)
     readonly property color dim: dark ? "#99000000" : "#59000000"
-    readonly property color shadow: dark ? "#14000000" : "#08101030"
+    readonly property color shadow: dark ? "#0c000000" : "#04101030"
 
     // Words. The accents are made for areas; as words they need a shade of more contrast.
     readonly property color text: dark ? "#f1f2f6" : "#1b1c22"
@@ -29,7 +29,7 @@ QtObject {
     readonly property color dangerText: dark ? "#ff8589" : "#c0282f"
     readonly property color safeText: dark ? "#4fd585" : "#147a3f"
     readonly property color reviewText: dark ? "#f5b45c" : "#8f5600"
-    readonly property color onAccent: "#ffffff"
+    readonly property color textOnAccent: "#ffffff"
 
     // Meanings
     readonly property color accent: "#6e5bff"
@@ -85,6 +85,7 @@ QtObject {
     // Opacities
     readonly property real faint: 0.4
     readonly property real tint: 0.12
+    readonly property real ambient: 0.07
     readonly property real dimmed: 0.35
     readonly property real disabled: 0.45
 

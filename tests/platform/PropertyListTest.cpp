@@ -98,6 +98,8 @@ TEST(PropertyListTest, hostileListsAreNoLists) {
         {"XML nested 100,000 deep", "<plist version=\"1.0\">" + repeated("<array>", 100'000)},
         {"XML nested and closed",
          "<plist version=\"1.0\">" + repeated("<array>", 50'000) + repeated("</array>", 50'000) + "</plist>"},
+        {"text of half a million references",
+         "<plist version=\"1.0\"><string>" + repeated("&lt;", 200'000) + "</string></plist>"},
         {"longer than any list", xmlInfoList("x") + std::string(PropertyList::maximumBytes, ' ')},
     };
     for (const auto& [what, bytes] : cases)

@@ -6,7 +6,7 @@ namespace brimlet {
 
 class LinuxDirectoryLister final : public DirectoryLister {
 public:
-    std::optional<std::vector<DirectoryEntry>> children(const std::string& folder) const override;
+    std::optional<std::vector<ListedChild>> children(const std::string& folder) const override;
 };
 
 } // namespace brimlet

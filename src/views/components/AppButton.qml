@@ -16,7 +16,7 @@ T.Button {
     property bool menuIndicator: false
 
     readonly property bool filled: kind === AppButton.Primary || kind === AppButton.DestructiveFilled
-    readonly property color ink: filled ? Theme.onAccent
+    readonly property color ink: filled ? Theme.textOnAccent
                                         : kind === AppButton.Destructive ? Theme.dangerText : Theme.text
     readonly property color fill: kind === AppButton.Primary ? Theme.accent
                                 : kind === AppButton.DestructiveFilled ? Theme.dangerFill : Theme.card

@@ -3,22 +3,24 @@ import QtQuick
 import QtQuick.Window
 import Brimlet
 
-Image {
+Item {
+    id: icon
+
     property string symbol
     property color color: Theme.text
     property int size: Theme.iconSize
 
-    readonly property int drawnSize: Math.ceil(size * Screen.devicePixelRatio)
-
-    asynchronous: false
-    height: size
     implicitHeight: size
     implicitWidth: size
-    smooth: true
-    source: symbol === "" ? "" : "image://icon/" + symbol + "?" + encodeURIComponent(String(color))
-    sourceSize.height: drawnSize
-    sourceSize.width: drawnSize
-    width: size
 
-    Accessible.ignored: true
+    Image {
+        readonly property int drawnSize: Math.ceil(icon.size * Screen.devicePixelRatio)
+
+        anchors.fill: parent
+        source: icon.symbol === "" ? "" : "image://icon/" + icon.symbol + "?" + encodeURIComponent(String(icon.color))
+        sourceSize.height: drawnSize
+        sourceSize.width: drawnSize
+
+        Accessible.ignored: true
+    }
 }

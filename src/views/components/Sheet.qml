@@ -21,7 +21,7 @@ T.Popup {
     dim: true
     focus: true
     height: Math.min(implicitHeight, roomHeight)
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitHeight: column.implicitHeight + topPadding + bottomPadding
     modal: true
     padding: Theme.spaceXl
     parent: T.Overlay.overlay
@@ -51,14 +51,16 @@ T.Popup {
             radius: Theme.radiusCard
         }
     }
-    contentItem: FocusScope {
+    contentData: FocusScope {
+        anchors.fill: parent
         focus: true
-        implicitHeight: children[0].implicitHeight
 
         Accessible.name: sheet.title
         Accessible.role: Accessible.Dialog
 
         ColumnLayout {
+            id: column
+
             anchors.fill: parent
             spacing: Theme.spaceXl
 

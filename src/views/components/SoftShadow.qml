@@ -8,7 +8,7 @@ Item {
     id: shadow
 
     property int radius: Theme.radiusControl
-    property int depth: 8
+    property int depth: 12
 
     anchors.fill: parent
     z: -1

@@ -54,5 +54,4 @@ Card {
         text: tile.caption
         visible: tile.caption !== ""
     }
-    Item { Layout.fillHeight: true }
 }

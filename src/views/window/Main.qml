@@ -2,7 +2,6 @@
 import QtQuick
 import QtQuick.Controls
 import Brimlet
-import Brimlet.App
 
 ApplicationWindow {
     id: window
@@ -25,9 +24,9 @@ ApplicationWindow {
         text: Theme.text
         button: Theme.card
         buttonText: Theme.text
-        brightText: Theme.onAccent
+        brightText: Theme.textOnAccent
         highlight: Theme.accent
-        highlightedText: Theme.onAccent
+        highlightedText: Theme.textOnAccent
         placeholderText: Theme.textSecondary
         light: Theme.hover
         mid: Theme.cardBorder

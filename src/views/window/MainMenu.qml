@@ -1,6 +1,5 @@
 // The application's menu: what concerns the program, and the Scan menu.
 import QtQuick
-import QtQuick.Controls
 import Brimlet
 
 AppMenu {

@@ -2,7 +2,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Brimlet
-import Brimlet.App
 
 FocusScope {
     id: root

@@ -4,6 +4,8 @@ import QtQuick.Controls
 import Brimlet
 
 ApplicationWindow {
+    id: settings
+
     color: Theme.window
     height: 440
     title: qsTr("Settings")
@@ -20,6 +22,6 @@ ApplicationWindow {
     }
     Shortcut {
         sequences: ["Ctrl+W", "Escape"]
-        onActivated: close()
+        onActivated: settings.close()
     }
 }

@@ -31,10 +31,10 @@ Rectangle {
             focus: true
             highlightFollowsCurrentItem: false
             keyNavigationEnabled: false
+            bottomMargin: Theme.spaceS
             leftMargin: Theme.spaceS
             model: sections
             rightMargin: Theme.spaceS
-            section.property: "group"
 
             T.ScrollBar.vertical: AppScrollBar {}
 
@@ -55,26 +55,6 @@ Rectangle {
                     App.section = section;
             }
 
-            section.delegate: Item {
-                required property string section
-
-                height: section === "" ? Theme.spaceL : heading.implicitHeight + Theme.spaceL + Theme.spaceXs
-                width: list.width - 2 * Theme.spaceS
-
-                AppText {
-                    id: heading
-
-                    anchors.bottom: parent.bottom
-                    anchors.bottomMargin: Theme.spaceXs
-                    anchors.left: parent.left
-                    anchors.leftMargin: Theme.spaceS
-                    anchors.right: parent.right
-                    font.weight: Font.DemiBold
-                    kind: AppText.Caption
-                    text: parent.section
-                    Accessible.role: Accessible.Heading
-                }
-            }
             delegate: SidebarRow {
                 focusShown: list.activeFocus && list.byKeyboard
                 width: list.width - 2 * Theme.spaceS

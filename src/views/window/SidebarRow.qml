@@ -1,58 +1,90 @@
-// One section in the sidebar.
+// One section in the sidebar, under its group's heading where it is the first of its group.
 import QtQuick
 import QtQuick.Layouts
 import Brimlet
 import Brimlet.App
 
-Rectangle {
+Item {
     id: row
 
     required property string sectionId
     required property string title
     required property string symbol
+    required property bool startsGroup
+    required property string heading
     property bool focusShown: false
 
     readonly property bool current: App.section === sectionId
 
     signal chosen
 
-    color: current ? Theme.selection : pointer.hovered ? Theme.hover : "transparent"
-    implicitHeight: Theme.rowHeight
-    radius: Theme.radiusControl
+    implicitHeight: groupSpace.height + face.height
 
-    Accessible.name: title
-    Accessible.role: Accessible.ListItem
-    Accessible.selectable: true
-    Accessible.selected: current
-    Accessible.onPressAction: row.chosen()
+    Item {
+        id: groupSpace
 
-    Behavior on color { ColorAnimation { duration: Theme.quick } }
+        height: !row.startsGroup ? 0 : row.heading === "" ? Theme.spaceL
+                                     : Theme.spaceL + groupName.implicitHeight + Theme.spaceXs
+        width: row.width
 
-    RowLayout {
-        anchors.fill: parent
-        anchors.leftMargin: Theme.spaceS
-        anchors.rightMargin: Theme.spaceS
-        spacing: Theme.spaceS
-
-        Icon {
-            color: Theme.accentText
-            symbol: row.symbol
-        }
         AppText {
-            Layout.fillWidth: true
-            kind: row.current ? AppText.Strong : AppText.Body
-            text: row.title
-            Accessible.ignored: true
+            id: groupName
+
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: Theme.spaceXs
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.spaceS
+            anchors.right: parent.right
+            font.weight: Font.DemiBold
+            kind: AppText.Caption
+            text: row.heading
+            visible: text !== ""
+            Accessible.role: Accessible.Heading
         }
     }
-    FocusRing {
-        anchors.margins: 0
-        shown: row.current && row.focusShown
-    }
-    HoverHandler {
-        id: pointer
-    }
-    TapHandler {
-        onTapped: row.chosen()
+    Rectangle {
+        id: face
+
+        anchors.top: groupSpace.bottom
+        color: row.current ? Theme.selection : pointer.hovered ? Theme.hover : "transparent"
+        height: Theme.rowHeight
+        radius: Theme.radiusControl
+        width: row.width
+
+        Accessible.name: row.title
+        Accessible.role: Accessible.ListItem
+        Accessible.selectable: true
+        Accessible.selected: row.current
+        Accessible.onPressAction: row.chosen()
+
+        Behavior on color { ColorAnimation { duration: Theme.quick } }
+
+        RowLayout {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.spaceS
+            anchors.rightMargin: Theme.spaceS
+            spacing: Theme.spaceS
+
+            Icon {
+                color: Theme.accentText
+                symbol: row.symbol
+            }
+            AppText {
+                Layout.fillWidth: true
+                kind: row.current ? AppText.Strong : AppText.Body
+                text: row.title
+                Accessible.ignored: true
+            }
+        }
+        FocusRing {
+            anchors.margins: 0
+            shown: row.current && row.focusShown
+        }
+        HoverHandler {
+            id: pointer
+        }
+        TapHandler {
+            onTapped: row.chosen()
+        }
     }
 }
