@@ -2,6 +2,8 @@
 
 #include "app/EngineSingleton.h"
 #include "app/Exclusions.h"
+#include "core/Paths.h"
+#include "junk/JunkCatalogue.h"
 
 namespace brimlet {
 
@@ -10,6 +12,7 @@ AppState::AppState(AppServices services, QObject* parent)
     , m_services(std::move(services))
     , m_preferences(m_services.preferences)
     , m_volume(m_services.volumes.volumeInfo("/"))
+    , m_smartSelection(defaultSelection(junkCatalogue()))
     , m_excludedRaw(m_preferences.excludedPaths())
     , m_permanentDelete(m_preferences.permanentDelete())
     , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences))

@@ -81,6 +81,7 @@ bool DeletionHistory::save() {
     // A file that is gone or damaged says nothing about what others took away.
     std::vector<HistoryEntry> merged =
         theirs && !theirs->empty() ? mergedHistory(m_base, m_entries, *theirs) : m_entries;
+    applyRestored(merged);
     if (m_store.replace(fileName, historyText(merged)))
         return false;
     m_entries = std::move(merged);
@@ -106,9 +107,15 @@ bool DeletionHistory::clear() {
     return save();
 }
 
+/// Also entries that this process could not read, or that another has added: the next write marks them.
 void DeletionHistory::markRestored(const Uuid& id) {
-    for (HistoryEntry& entry : m_entries)
-        entry.restored = entry.restored || entry.id == id;
+    m_restored.insert(id);
+    applyRestored(m_entries);
+}
+
+void DeletionHistory::applyRestored(std::vector<HistoryEntry>& entries) const {
+    for (HistoryEntry& entry : entries)
+        entry.restored = entry.restored || m_restored.contains(entry.id);
 }
 
 Failure DeletionHistory::restore(const HistoryEntry& entry) {

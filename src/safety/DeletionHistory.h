@@ -61,11 +61,13 @@ private:
     bool keepDamagedFile();
     void recover();
     void markRestored(const Uuid& id);
+    void applyRestored(std::vector<HistoryEntry>& entries) const;
 
     RecordStore& m_store;
     FileRemoval& m_removal;
     std::vector<HistoryEntry> m_entries;
-    UuidSet m_base; ///< the identifiers in the file when it was last read or written
+    UuidSet m_base;     ///< the identifiers in the file when it was last read or written
+    UuidSet m_restored; ///< what this process has put back
 };
 
 } // namespace brimlet

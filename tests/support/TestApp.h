@@ -2,8 +2,13 @@
 #pragma once
 
 #include "app/AppState.h"
+#include "junk/JunkCatalogue.h"
+#include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/LinuxRecordStore.h"
+#include "support/FakeBundles.h"
 #include "support/FakeServices.h"
 #include "support/HeldWalks.h"
+#include "support/TemporaryTree.h"
 
 #include <functional>
 #include <memory>
@@ -19,9 +24,14 @@ public:
 
     /// Created on first use, so that a test can set the services up before.
     AppState& state() {
-        if (!m_state)
-            m_state = std::make_unique<AppState>(
-                AppServices{homeFolder, volumes, probe, opener, preferences, *activePanels, scanWalk});
+        if (!m_state) {
+            m_policy = std::make_unique<SafetyPolicy>(homeFolder, junkCatalogue(), bundles, running);
+            m_state = std::make_unique<AppState>(AppServices{
+                homeFolder, volumes, probe, opener, preferences, *activePanels, *m_policy, clock,
+                [this] { return junkSearch(); },
+                [this](const std::vector<DeletionRequest>& requests) { return deletionRun(requests); },
+                history, scanWalk});
+        }
         return *m_state;
     }
 
@@ -35,8 +45,19 @@ public:
     Panels* activePanels = &panels;
     HeldWalks walks;
     ScanWalk scanWalk = walks.walk();
+    FakeBundles bundles;
+    FakeRunningApplications running;
+    FakeStageClock clock;
+    JunkSearch junkSearch = [] { return std::vector<JunkFinding>(); };
+    DeletionRun deletionRun = [](const std::vector<DeletionRequest>&) { return ExecutedRun(); };
+    TemporaryTree disk; ///< holds the history, and whatever a test restores
+    FileSystemCalls calls;
+    LinuxFileRemoval removal{disk.root(), calls};
+    LinuxRecordStore records{disk.path("history"), calls};
+    DeletionHistory history{records, removal};
 
 private:
+    std::unique_ptr<SafetyPolicy> m_policy;
     std::unique_ptr<AppState> m_state;
 };
 

@@ -223,14 +223,17 @@ TEST(MainWindow, everyNoticeHasItsOwnEightSeconds) {
 TEST(MainWindow, noticeOffersUndoOnlyWhereItCan) {
     TestApp app;
     TestWindow window(app);
-    QSignalSpy restored(&window.state(), &AppState::restoreWanted);
+    HistoryEntry entry;
+    entry.originalPath = app.disk.path("a.txt");
+    entry.trashPath = app.disk.file(".Trash/a.txt", 10);
     Toast toast;
     toast.message = "Moved to Trash";
-    toast.undoable = {HistoryEntry{}};
+    toast.undoable = {entry};
     window.state().setToast(toast);
     window.driver().click("Undo", QAccessible::Button);
-    EXPECT_EQ(restored.count(), 1);
-    EXPECT_FALSE(window.state().toast().has_value());
+    EXPECT_TRUE(app.disk.exists("a.txt"));
+    ASSERT_TRUE(window.state().toast().has_value());
+    EXPECT_EQ(window.state().toast()->message, "1 item(s) restored");
 
     window.state().setToast(Toast{});
     window.driver().click("Close", QAccessible::Button);

@@ -122,6 +122,10 @@ Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest,
     TreeCopier copier(m_calls, manifest);
     if (auto failure = copier.copy(m_source.parent.folder.number(), m_source.name, scratch, copyName))
         return std::move(*failure);
+    // What served to find hard links goes before the copy counts as complete.
+    if (auto failure = TreeRemover(m_calls).remove(scratch, TreeCopier::linksFolder);
+        failure && failure != Failure(errorFromErrno(ENOENT)))
+        return std::move(*failure);
     FileStatus copy;
     int result = m_calls.status(scratch, copyName, copy);
     if (result == 0)

@@ -98,7 +98,7 @@ int FileSystemCalls::unlink(int folder, const char* name, int flags) {
 
 int FileSystemCalls::rename(int folder, const char* name, int newFolder, const char* newName,
                             unsigned flags) {
-    return perform({"rename", true, folder, name, newFolder, newName},
+    return perform({"rename", true, folder, name, newFolder, newName, flags},
                    [=] { return ::renameat2(folder, name, newFolder, newName, flags); });
 }
 

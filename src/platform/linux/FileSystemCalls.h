@@ -43,6 +43,7 @@ struct SystemCall {
     const char* name = ""; ///< empty when the descriptor itself is worked on
     int secondFolder = -1; ///< of a rename or link: the new place
     const char* secondName = "";
+    unsigned flags = 0; ///< of a rename
 };
 
 class FileSystemCalls {

@@ -12,7 +12,6 @@ namespace brimlet {
 namespace {
 constexpr int readFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
 constexpr int writeFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
-constexpr const char* linksFolder = "links";
 
 /// Whether a file is still what was seen of it before.
 bool isUnchanged(const FileStatus& before, const FileStatus& now) {
