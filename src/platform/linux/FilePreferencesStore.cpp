@@ -22,7 +22,7 @@ Json jsonOf(const PreferenceValue& value) {
     if (const auto* text = std::get_if<std::string>(&value))
         return jsonString(*text);
     if (const auto* date = std::get_if<PreferenceDate>(&value))
-        return {{dateKey, date->time_since_epoch().count()}};
+        return Json::object({{dateKey, date->time_since_epoch().count()}});
     if (const auto* flag = std::get_if<bool>(&value))
         return *flag;
     return std::get<std::int64_t>(value);
