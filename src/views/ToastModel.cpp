@@ -22,8 +22,8 @@ void ToastModel::undo() {
     if (!shown())
         return;
     const std::vector<HistoryEntry> entries = state()->toast()->undoable;
+    close(); // First: the restoring shows a notice of its own.
     state()->restoreEntries(entries);
-    close();
 }
 
 void ToastModel::close() {

@@ -53,8 +53,10 @@ bool writeAll(int descriptor, std::string_view bytes) {
 
 /// Writes beside the file, syncs, and renames over it, so that a crash leaves the old file or the new one.
 void replaceFile(const std::string& file, std::string_view bytes) {
-    std::error_code ignored;
-    std::filesystem::create_directories(std::filesystem::path(file).parent_path(), ignored);
+    // No more than the two folders that a home folder may lack: a home folder itself is not ours to make.
+    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    mkdir(folder.parent_path().c_str(), 0700);
+    mkdir(folder.c_str(), 0700);
     std::string temporary = file + ".XXXXXX";
     const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
     if (descriptor < 0)
