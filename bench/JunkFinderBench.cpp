@@ -6,21 +6,18 @@
 #include "junk/JunkFinder.h"
 #include "platform/AccessProbe.h"
 #include "platform/linux/LinuxDirectoryLister.h"
+#include "support/TemporaryTree.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace brimlet {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr int runs = 9;
 
@@ -29,43 +26,14 @@ public:
     bool hasFullDiskAccess() const override { return true; }
 };
 
-/// A home folder in the temporary folder, gone with the object.
-class SampleHome {
-public:
-    SampleHome() {
-        std::string pattern = fs::temp_directory_path() / "brimlet-bench-XXXXXX";
-        if (mkdtemp(pattern.data()) == nullptr)
-            std::abort();
-        m_path = pattern;
+/// Makes `count` files of one block, at most 100 in a folder, in `items` direct children of `base`.
+void fill(const test::TemporaryTree& home, const std::string& base, int count, int items) {
+    for (int i = 0; i < count; ++i) {
+        const std::string item = "item" + std::to_string(i % items);
+        const std::string inner = std::to_string(i / items / 100);
+        home.file(base + "/" + item + "/" + inner + "/file" + std::to_string(i), 1);
     }
-    ~SampleHome() { fs::remove_all(m_path); }
-    SampleHome(const SampleHome&) = delete;
-    SampleHome& operator=(const SampleHome&) = delete;
-
-    const std::string& path() const { return m_path; }
-
-    /// Makes `count` files of one block, at most 100 in a folder, in `folders` direct children of a base.
-    void fill(const std::string& base, int count, int folders) const {
-        for (int i = 0; i < count; ++i) {
-            const int item = i % folders;
-            const int inner = i / folders / 100;
-            const fs::path folder =
-                fs::path(m_path) / base / ("item" + std::to_string(item)) / std::to_string(inner);
-            if (i / folders % 100 == 0)
-                fs::create_directories(folder);
-            std::ofstream(folder / ("file" + std::to_string(i))) << 'x';
-        }
-    }
-
-    void fillFlat(const std::string& base, int count) const {
-        fs::create_directories(fs::path(m_path) / base);
-        for (int i = 0; i < count; ++i)
-            std::ofstream(fs::path(m_path) / base / ("file" + std::to_string(i))) << 'x';
-    }
-
-private:
-    std::string m_path;
-};
+}
 
 double secondsOf(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
@@ -78,15 +46,15 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-void compare(const char* name, const SampleHome& home) {
+void compare(const char* name, const std::string& home) {
     const LinuxDirectoryLister lister;
     const Granted access;
-    const JunkFinder finder(home.path(), lister, access);
+    const JunkFinder finder(home, lister, access);
     std::vector<double> finding;
     std::vector<double> measuring;
     std::int64_t files = 0;
     for (int run = 0; run < runs; ++run) {
-        measuring.push_back(secondsOf([&] { measureTree(home.path()); }));
+        measuring.push_back(secondsOf([&] { measureTree(home); }));
         finding.push_back(secondsOf([&] {
             files = 0;
             for (const JunkFinding& found : finder.scan(junkCatalogue())) {
@@ -102,22 +70,23 @@ void compare(const char* name, const SampleHome& home) {
 void compareAll(int count) {
     std::printf("%-34s %9s %13s %13s %7s\n", "home folder", "files", "JunkFinder", "measureTree", "ratio");
     {
-        const SampleHome mixed;
-        mixed.fill("Library/Caches", count * 6 / 10, 300);
-        mixed.fill(".npm/_cacache", count * 2 / 10, 3);
-        mixed.fill("Library/Logs", count / 10, 100);
-        mixed.fill("Library/Developer/Xcode/DerivedData", count / 10, 10);
-        compare("mixed: 413 items under four rules", mixed);
+        const test::TemporaryTree mixed;
+        fill(mixed, "Library/Caches", count * 6 / 10, 300);
+        fill(mixed, ".npm/_cacache", count * 2 / 10, 3);
+        fill(mixed, "Library/Logs", count / 10, 100);
+        fill(mixed, "Library/Developer/Xcode/DerivedData", count / 10, 10);
+        compare("mixed: 413 items under four rules", mixed.root());
     }
     {
-        const SampleHome one;
-        one.fill(".cache", count, 1);
-        compare("one item holds all", one);
+        const test::TemporaryTree one;
+        fill(one, ".cache", count, 1);
+        compare("one item holds all", one.root());
     }
     {
-        const SampleHome flat;
-        flat.fillFlat("Library/Caches", count);
-        compare("each file is an item", flat);
+        const test::TemporaryTree flat;
+        for (int i = 0; i < count; ++i)
+            flat.file("Library/Caches/file" + std::to_string(i), 1);
+        compare("each file is an item", flat.root());
     }
 }
 

@@ -14,7 +14,8 @@ AppState::AppState(AppServices services, QObject* parent)
     , m_smartSelection(defaultSelection(junkCatalogue()))
     , m_excludedRaw(m_preferences.excludedPaths())
     , m_permanentDelete(m_preferences.permanentDelete())
-    , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences)) {
+    , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences))
+    , m_accessOnboardingSkipped(m_preferences.accessOnboardingSkipped()) {
     m_hasFullDiskAccess = m_services.accessProbe.hasFullDiskAccess();
     m_section = sectionFromRaw(m_preferences.initialSection()).value_or(AppSection::smartClean);
     const std::string autoScan = m_preferences.autoScan();
@@ -71,6 +72,7 @@ void AppState::probeFullDiskAccess() {
 
 void AppState::scanWithoutAccess() {
     m_preferences.setAccessOnboardingSkipped(true);
+    m_accessOnboardingSkipped = true;
     closeAccessOnboarding();
     startScan();
 }

@@ -104,7 +104,7 @@ public:
     // Full Disk Access
     bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
     bool showAccessOnboarding() const { return m_showAccessOnboarding; }
-    bool accessOnboardingSkipped() const { return m_preferences.accessOnboardingSkipped(); }
+    bool accessOnboardingSkipped() const { return m_accessOnboardingSkipped; }
     Q_INVOKABLE void openFullDiskAccessSettings();
     Q_INVOKABLE void probeFullDiskAccess();
     Q_INVOKABLE void scanWithoutAccess(); ///< from the onboarding sheet: never ask again, and scan
@@ -253,6 +253,7 @@ private:
     bool m_hasFullDiskAccess = false;
     bool m_showAccessOnboarding = false;
     std::unique_ptr<BackgroundServices> m_background;
+    bool m_accessOnboardingSkipped = false;
     BackgroundWork m_work;
 };
 

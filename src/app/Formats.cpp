@@ -139,8 +139,10 @@ QString Formats::relativeDate(double secondsSince1970) const {
 }
 
 QString Formats::duration(double seconds) const {
+    if (seconds < 0.1)
+        return tr("under %1 s").arg(QLocale().toString(0.1, 'f', 1));
     if (seconds < 60)
-        return tr("%1 s").arg(QLocale().toString(seconds, 'f', seconds < 1 ? 2 : seconds < 10 ? 1 : 0));
+        return tr("%1 s").arg(QLocale().toString(seconds, 'f', seconds < 10 ? 1 : 0));
     const auto minutes = static_cast<int>(seconds / 60);
     return tr("%1 min %2 s").arg(minutes).arg(static_cast<int>(seconds) % 60);
 }

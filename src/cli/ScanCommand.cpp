@@ -135,8 +135,7 @@ void addScanCommand(CLI::App& app, ExitStatus& status) {
         ->type_name("FOLDER");
     command->add_option("--exclude", options->excluded, "Leave a folder out; may be repeated")
         ->type_name("DIR")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->allow_extra_args(false);
     command->add_option("--top", options->top, "How many folders and files to list (10)")->type_name("N");
     CLI::Option* json = command->add_flag("--json", options->json, "Print one JSON document");
     command->add_flag("--files", options->parts.files, "Add all files of at least 512 KiB to the JSON")

@@ -67,8 +67,14 @@ std::optional<JunkFinding> JunkFinder::scanRule(const JunkRule& rule) const {
     return std::move(found.front());
 }
 
-/// The children of a rule's folder that qualify, not yet measured.
-std::vector<JunkItem> JunkFinder::candidates(const JunkRule& rule) const {
+struct JunkFinder::Candidate {
+    JunkItem item;
+    bool isMeasured;
+};
+
+/// The children of a rule's folder that qualify. The listing has told what files occupy; folders are still to
+/// be measured.
+std::vector<JunkFinder::Candidate> JunkFinder::candidates(const JunkRule& rule) const {
     const std::string folder = rule.resolvedBase(m_homeFolder);
     const auto children = m_lister.children(folder);
     if (!children)
@@ -76,35 +82,44 @@ std::vector<JunkItem> JunkFinder::candidates(const JunkRule& rule) const {
     std::optional<double> cutOff;
     if (rule.minAgeDays)
         cutOff = m_now() - *rule.minAgeDays * secondsPerDay;
-    std::vector<JunkItem> items;
+    std::vector<Candidate> qualified;
     for (const ListedChild& child : *children) {
-        if (qualifies(rule, child, cutOff))
-            items.push_back({folder + "/" + child.name, rule.id, 0, 0, child.modified});
+        if (!qualifies(rule, child, cutOff))
+            continue;
+        const bool isFile = child.fileBytes.has_value();
+        qualified.push_back({{folder + "/" + child.name, rule.id, child.fileBytes.value_or(0), isFile ? 1 : 0,
+                              child.modified},
+                             isFile});
     }
-    return items;
+    return qualified;
 }
 
 /// All rules are listed side by side, then all their candidates measured side by side, so that one rule with
 /// many items keeps every thread busy. Keeps the order of the rules.
 std::vector<JunkFinding> JunkFinder::findings(const std::vector<const JunkRule*>& rules) const {
-    std::vector<std::vector<JunkItem>> byRule(rules.size());
+    std::vector<std::vector<Candidate>> byRule(rules.size());
     parallelFor(rules.size(), diskThreads(), [&](std::size_t i) { byRule[i] = candidates(*rules[i]); });
 
-    std::vector<JunkItem*> all;
-    for (std::vector<JunkItem>& items : byRule) {
-        for (JunkItem& item : items)
-            all.push_back(&item);
+    std::vector<JunkItem*> unmeasured;
+    for (std::vector<Candidate>& qualified : byRule) {
+        for (Candidate& candidate : qualified) {
+            if (!candidate.isMeasured)
+                unmeasured.push_back(&candidate.item);
+        }
     }
-    parallelFor(all.size(), diskThreads(), [&](std::size_t i) {
-        const TreeMeasure measure = measureTree(all[i]->path);
-        all[i]->size = measure.bytes;
-        all[i]->fileCount = measure.files;
+    parallelFor(unmeasured.size(), diskThreads(), [&](std::size_t i) {
+        const TreeMeasure measure = measureTree(unmeasured[i]->path);
+        unmeasured[i]->size = measure.bytes;
+        unmeasured[i]->fileCount = measure.files;
     });
 
     std::vector<JunkFinding> found;
     for (std::size_t i = 0; i < rules.size(); ++i) {
-        std::vector<JunkItem>& items = byRule[i];
-        std::erase_if(items, [](const JunkItem& item) { return item.size < 1; });
+        std::vector<JunkItem> items;
+        for (Candidate& candidate : byRule[i]) {
+            if (candidate.item.size >= 1)
+                items.push_back(std::move(candidate.item));
+        }
         if (items.empty())
             continue;
         std::ranges::stable_sort(items, std::greater(), &JunkItem::size);

@@ -59,7 +59,9 @@ public:
     static double systemTime();
 
 private:
-    std::vector<JunkItem> candidates(const JunkRule& rule) const;
+    struct Candidate;
+
+    std::vector<Candidate> candidates(const JunkRule& rule) const;
     std::vector<JunkFinding> findings(const std::vector<const JunkRule*>& rules) const;
 
     std::string m_homeFolder;

@@ -96,6 +96,7 @@ struct SafetyPolicy::Tables {
 
 SafetyPolicy::SafetyPolicy(std::string homeFolder, std::span<const JunkRule> rules,
                            const BundleReader& bundles, const RunningApplications& running) {
+    const std::string belowHome = homeFolder + "/";
     FolderTable systemFolders;
     for (const PlaceRow& row : systemTable)
         systemFolders.add(row.path);
@@ -106,9 +107,15 @@ SafetyPolicy::SafetyPolicy(std::string homeFolder, std::span<const JunkRule> rul
         bases.add(base);
         baseLengths.push_back(base.size());
     }
-    m_tables = std::unique_ptr<const Tables>(new Tables{homeFolder, homeFolder + "/", homeFolder + "/.Trash",
-                                                        rules, std::move(systemFolders), std::move(bases),
-                                                        std::move(baseLengths), bundles, running});
+    m_tables = std::unique_ptr<const Tables>(new Tables{.home = std::move(homeFolder),
+                                                        .belowHome = belowHome,
+                                                        .trash = belowHome + ".Trash",
+                                                        .rules = rules,
+                                                        .systemFolders = std::move(systemFolders),
+                                                        .bases = std::move(bases),
+                                                        .baseLengths = std::move(baseLengths),
+                                                        .bundles = bundles,
+                                                        .running = running});
 }
 
 SafetyPolicy::~SafetyPolicy() = default;

@@ -31,7 +31,7 @@ public:
     /// resolved, no trailing slash removed.
     SafetyVerdict verdict(std::string_view forPath) const;
 
-    /// The rule that covers what lies under its folder, or null.
+    /// The rule that covers what lies under its folder, or null. The path is taken as it stands.
     const JunkRule* rule(std::string_view coveringPath) const;
 
 private:

@@ -1,20 +1,9 @@
 #include "shell/BrimletApp.h"
 
-#include "core/Localized.h"
+#include "app/Translation.h"
 #include "junk/JunkCatalogue.h"
 
-#include <QCoreApplication>
-
 namespace brimlet {
-
-namespace {
-
-/// The texts of the layers below stand in the translations' context "brimlet".
-std::string translated(std::string_view english) {
-    return QCoreApplication::translate("brimlet", std::string(english).c_str()).toStdString();
-}
-
-} // namespace
 
 BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedColors)
     : m_homeFolder(std::move(homeFolder))
@@ -30,7 +19,7 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_records(m_homeFolder + "/Library/Application Support/Brimlet", m_calls)
     , m_executor(m_removal, m_records, [this](std::string_view path) { return m_policy.verdict(path); })
     , m_history(m_records, m_removal) {
-    setTextLookup(translated);
+    connectTranslations();
     addPackedFonts();
 }
 

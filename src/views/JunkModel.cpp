@@ -4,6 +4,7 @@
 #include "app/Texts.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
+#include "views/FileSymbol.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -206,6 +207,8 @@ QVariant JunkModel::itemData(const Row& row, int role) const {
         return shownText(lastPathComponent(item.path));
     case size:
         return qint64{item.size};
+    case symbol:
+        return symbolForName(lastPathComponent(item.path));
     case tick:
         return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
     case path:

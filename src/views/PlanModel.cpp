@@ -2,6 +2,7 @@
 
 #include "app/Texts.h"
 #include "core/Paths.h"
+#include "views/FileSymbol.h"
 
 #include <algorithm>
 
@@ -136,6 +137,7 @@ QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
         return std::max<qint64>(0, section(sectionRisk).size);
     case reason:
     case path:
+    case symbol:
         return QString();
     default:
         return {};
@@ -155,6 +157,8 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
         return shownText(item.verdict.reason);
     case path:
         return shownText(displayPath(item.path, m_state ? m_state->homeFolder() : std::string()));
+    case symbol:
+        return symbolForName(item.name);
     default:
         return {};
     }
@@ -162,7 +166,7 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
 
 QHash<int, QByteArray> PlanModel::roleNames() const {
     return {{isHeading, "isHeading"}, {risk, "risk"},     {count, "count"}, {size, "size"},
-            {name, "name"},           {reason, "reason"}, {path, "path"}};
+            {name, "name"},           {reason, "reason"}, {path, "path"},   {symbol, "symbol"}};
 }
 
 } // namespace brimlet

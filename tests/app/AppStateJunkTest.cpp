@@ -1,10 +1,7 @@
 #include "app/AppState.h"
 
-#include "platform/linux/LinuxFileRemoval.h"
-#include "platform/linux/LinuxRecordStore.h"
-#include "support/FakeSystem.h"
 #include "support/MadeUpJunk.h"
-#include "support/TemporaryTree.h"
+#include "support/TestApp.h"
 
 #include <deque>
 #include <future>
@@ -17,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using test::madeUpFinding;
-using test::waitFor;
+using test::eventually;
 using ::testing::ElementsAre;
 
 using Junk = std::vector<JunkFinding>;
@@ -69,9 +66,9 @@ protected:
                 madeUpFinding("old-installers", {{"x.dmg", 100}})};
     }
     void find(std::size_t search, Junk found) {
-        ASSERT_TRUE(waitFor([&] { return searches.started() > search; }));
+        ASSERT_TRUE(eventually([&] { return searches.started() > search; }));
         searches.finish(search, std::move(found));
-        ASSERT_TRUE(waitFor([&] { return !state.junkLoading(); }));
+        ASSERT_TRUE(eventually([&] { return !state.junkLoading(); }));
     }
     void reachReview(Junk found) {
         state.setSmartPhase(SmartPhase::scanning);
@@ -83,30 +80,22 @@ protected:
 
     void TearDown() override { searches.finishAll(); }
 
-    test::FakeVolumes volumes;
-    test::FakeAccessProbe access;
-    test::FakeOpener opener;
-    test::MemoryPreferences preferences;
-    test::NoPanels panels;
-    test::FakeBundles bundles;
-    test::FakeRunningApplications running;
-    SafetyPolicy policy{"/Users/bob", junkCatalogue(), bundles, running};
-    test::FakeStageClock clock;
-    test::TemporaryTree tree;
-    FileSystemCalls calls;
-    LinuxFileRemoval removal{tree.root(), calls};
-    LinuxRecordStore records{tree.path("history"), calls};
-    DeletionHistory history{records, removal};
     SearchesInHand searches;
     std::vector<DeletionRequest> asked;
     DeletionReport report;
-    AppState state{AppServices{"/Users/bob", volumes, access, opener, preferences, panels, policy, clock,
-                               [this] { return searches.next(); },
-                               [this](const std::vector<DeletionRequest>& requests) {
-                                   asked = requests;
-                                   return ExecutedRun{report, {}, nullptr};
-                               },
-                               history}};
+    test::TestApp app;
+    test::FakeStageClock& clock = app.clock;
+    AppState& state = makeState();
+
+private:
+    AppState& makeState() {
+        app.junkSearch = [this] { return searches.next(); };
+        app.deletionRun = [this](const std::vector<DeletionRequest>& requests) {
+            asked = requests;
+            return ExecutedRun{report, {}, nullptr};
+        };
+        return app.state();
+    }
 };
 
 TEST_F(AppStateJunk, scanningLastsItsShortestTimeHoweverFastTheDisk) {
@@ -126,7 +115,7 @@ TEST_F(AppStateJunk, slowScanIsReviewedAtOnce) {
 }
 
 TEST_F(AppStateJunk, cleanAsksForTickedItemsOnceAndEndsWithAReportAndAFreshList) {
-    preferences.setValue("permanentDelete", true);
+    state.setPermanentDelete(true);
     reachReview(mixedJunk());
     state.setRuleSelected(QStringLiteral("old-installers"), true);
     state.setRuleSelected(QStringLiteral("user-caches"), false);
@@ -136,7 +125,7 @@ TEST_F(AppStateJunk, cleanAsksForTickedItemsOnceAndEndsWithAReportAndAFreshList)
     state.startSmartClean();
     state.startSmartClean(); // a double press
     EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning);
-    ASSERT_TRUE(waitFor([&] { return state.junk()[1].items.empty(); }));
+    ASSERT_TRUE(eventually([&] { return state.junk()[1].items.empty(); }));
     EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning) << "the stage can be read";
     EXPECT_FALSE(state.lastReport());
     clock.advance(1200ms);
@@ -169,22 +158,22 @@ TEST_F(AppStateJunk, ticksOutliveStartingOverAndANewScan) {
 
 TEST_F(AppStateJunk, onlyTheNewestSearchIsPublished) {
     state.loadJunk();
-    ASSERT_TRUE(waitFor([&] { return searches.started() == 1; }));
+    ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
     state.setSmartPhase(SmartPhase::scanning);
     state.startSmartScan();
     clock.advance(2s);
-    ASSERT_TRUE(waitFor([&] { return searches.started() == 2; }));
+    ASSERT_TRUE(eventually([&] { return searches.started() == 2; }));
     find(1, mixedJunk());
     EXPECT_EQ(state.smartPhase(), SmartPhase::review);
 
     searches.finish(0, {});
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    test::handleEvents();
     EXPECT_EQ(state.junk().size(), 2U);
 }
 
 TEST_F(AppStateJunk, whatIsRemovedWhileASearchRunsIsNotPublishedByIt) {
     state.loadJunk();
-    ASSERT_TRUE(waitFor([&] { return searches.started() == 1; }));
+    ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
     state.removeDeleted({"/junk/user-caches/a", "/junk/old-installers/x.dmg"});
     find(0, mixedJunk());
     ASSERT_EQ(state.junk().size(), 1U);
@@ -201,16 +190,16 @@ TEST_F(AppStateJunk, removedItemsLeaveTheListAndAnEmptiedFindingStays) {
 
 TEST_F(AppStateJunk, planForChosenItemsCarriesTheRulesRemovalAndAFreshVerdict) {
     const JunkRule& caches = *junkRule("user-caches");
-    const JunkItem item{"/Users/bob/Library/Caches/com.example.a", caches.id, 70, 3, {}};
-    const JunkItem folder{"/Users/bob/Library/Caches", caches.id, 70, 3, {}};
+    const JunkItem item{"/Users/sam/Library/Caches/com.example.a", caches.id, 70, 3, {}};
+    const JunkItem folder{"/Users/sam/Library/Caches", caches.id, 70, 3, {}};
     state.proposeJunkPlan({{item, caches.removal}, {folder, Removal::trash}});
-    ASSERT_TRUE(waitFor([&] { return state.plan().has_value(); }));
+    ASSERT_TRUE(eventually([&] { return state.plan().has_value(); }));
 
     const DeletionPlan& plan = *state.plan();
     EXPECT_EQ(plan.title, "Clean Junk");
     ASSERT_FALSE(plan.items.empty());
     for (const PlanItem& row : plan.items)
-        EXPECT_EQ(row.verdict, policy.verdict(row.path));
+        EXPECT_EQ(row.verdict, app.policy().verdict(row.path));
     EXPECT_EQ(plan.items.back().removal, Removal::trash);
 }
 

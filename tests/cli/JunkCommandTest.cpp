@@ -1,4 +1,4 @@
-#include "support/ProgramRun.h"
+#include "support/Program.h"
 #include "support/TemporaryTree.h"
 #include "json/Json.h"
 
@@ -22,15 +22,15 @@ protected:
         home.setTimes(".Trash/.DS_Store", 1, 1'700'000'000);
         home.file("Downloads/new.dmg", 10'000);
     }
-    test::ProgramRun run(std::vector<std::string> arguments) const {
-        arguments.insert(arguments.begin(), {BRIMLET_CLI, "junk"});
-        return test::runProgram(arguments, home.root());
+    test::Outcome run(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), "junk");
+        return test::runProgram(BRIMLET_CLI, arguments, {{"HOME", home.root()}});
     }
 };
 
 TEST_F(JunkCommandTest, jsonHoldsFindingsWithTheirItems) {
-    const test::ProgramRun result = run({"--rule", "user-caches", "--rule=trash", "--json"});
-    EXPECT_EQ(result.status, 0) << result.errors;
+    const test::Outcome result = run({"--rule", "user-caches", "--rule=trash", "--json"});
+    EXPECT_EQ(result.status, 0) << result.error;
     const auto document = readJson(result.output);
     ASSERT_TRUE(document && document->is_array() && document->size() == 2) << result.output;
     const Json& trash = document->at(0);
@@ -45,8 +45,8 @@ TEST_F(JunkCommandTest, jsonHoldsFindingsWithTheirItems) {
 }
 
 TEST_F(JunkCommandTest, tableNamesRulesAndLargestItems) {
-    const test::ProgramRun result = run({"--top", "1"});
-    EXPECT_EQ(result.status, 0) << result.errors;
+    const test::Outcome result = run({"--top", "1"});
+    EXPECT_EQ(result.status, 0) << result.error;
     EXPECT_THAT(result.output, HasSubstr("Trash  Safe  trash, 2 items\n"));
     EXPECT_THAT(result.output, HasSubstr("~/.Trash/caf\\xe9\\n\n")) << "escaped for the terminal";
     EXPECT_THAT(result.output, HasSubstr("… and 1 more"));
@@ -56,13 +56,14 @@ TEST_F(JunkCommandTest, tableNamesRulesAndLargestItems) {
 
 TEST_F(JunkCommandTest, emptyHomeAndUnknownRuleAreSaidClearly) {
     const test::TemporaryTree empty;
-    EXPECT_EQ(test::runProgram({BRIMLET_CLI, "junk", "--rule", "trash"}, empty.root()).output,
+    const std::map<std::string, std::string> environment = {{"HOME", empty.root()}};
+    EXPECT_EQ(test::runProgram(BRIMLET_CLI, {"junk", "--rule", "trash"}, environment).output,
               "No junk found.\n");
-    EXPECT_EQ(test::runProgram({BRIMLET_CLI, "junk", "--rule", "trash", "--json"}, empty.root()).output,
+    EXPECT_EQ(test::runProgram(BRIMLET_CLI, {"junk", "--rule", "trash", "--json"}, environment).output,
               "[]\n");
-    const test::ProgramRun unknown = run({"--rule", "nonsense"});
+    const test::Outcome unknown = run({"--rule", "nonsense"});
     EXPECT_EQ(unknown.status, 2);
-    EXPECT_THAT(unknown.errors, HasSubstr("user-caches, user-logs"));
+    EXPECT_THAT(unknown.error, HasSubstr("user-caches, user-logs"));
     EXPECT_EQ(unknown.output, "");
 }
 

@@ -1,4 +1,4 @@
-#include "support/ProgramRun.h"
+#include "support/Program.h"
 #include "json/Json.h"
 
 #include <gmock/gmock.h>
@@ -9,9 +9,9 @@ namespace {
 
 using testing::HasSubstr;
 
-test::ProgramRun runVerdict(std::vector<std::string> arguments, std::string_view input = {}) {
-    arguments.insert(arguments.begin(), {BRIMLET_CLI, "verdict"});
-    return test::runProgram(arguments, "/Users/me", input);
+test::Outcome runVerdict(std::vector<std::string> arguments, std::string_view input = {}) {
+    arguments.insert(arguments.begin(), "verdict");
+    return test::runProgram(BRIMLET_CLI, arguments, {{"HOME", "/Users/me"}}, input);
 }
 
 TEST(VerdictCommandTest, nullListIsAnsweredInItsOrder) {
@@ -22,8 +22,8 @@ TEST(VerdictCommandTest, nullListIsAnsweredInItsOrder) {
     for (const std::string& path : paths)
         input += path + '\0';
     input.pop_back();
-    const test::ProgramRun result = runVerdict({"--null", "--json"}, input);
-    EXPECT_EQ(result.status, 0) << result.errors;
+    const test::Outcome result = runVerdict({"--null", "--json"}, input);
+    EXPECT_EQ(result.status, 0) << result.error;
     const auto document = readJson(result.output);
     ASSERT_TRUE(document && document->size() == paths.size()) << result.output;
     const std::vector<const char*> risks = {"protected", "safe", "safe", "review", "protected"};
@@ -50,7 +50,7 @@ TEST(VerdictCommandTest, peopleSeeRiskPathReasonAndRule) {
 
 TEST(VerdictCommandTest, nothingToJudgeIsWrongUseButAnEmptyListIsNot) {
     EXPECT_EQ(runVerdict({}).status, 2);
-    EXPECT_THAT(runVerdict({}).errors, HasSubstr("--null"));
+    EXPECT_THAT(runVerdict({}).error, HasSubstr("--null"));
     EXPECT_EQ(runVerdict({"--null", "/a/b"}).status, 2);
     EXPECT_EQ(runVerdict({"--null", "--json"}).output, "[]\n");
     EXPECT_EQ(runVerdict({"--null"}).status, 0);

@@ -149,12 +149,10 @@ TEST_F(JunkFinderTest, whatOccupiesNothingIsNoItem) {
 }
 
 TEST_F(JunkFinderTest, whatVanishesAfterTheListingIsNoItem) {
-    home.file(".cache/stays", block);
+    home.file(".cache/stays/a", block);
     home.file(".cache/goes/a", block);
-    home.file(".cache/went", block);
     const test::HookedDirectoryLister vanishing(lister, [&](const std::string&, std::vector<ListedChild>&) {
         std::filesystem::remove_all(home.path(".cache/goes"));
-        std::filesystem::remove(home.path(".cache/went"));
     });
     const JunkFinder late(home.root(), vanishing, access);
     EXPECT_THAT(names(late.scanRule(*junkRule("dot-cache"))), ElementsAre("stays"));

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxDirectoryLister.h"
+#include "core/MeasureTree.h"
 #include "support/TemporaryTree.h"
 
 #include <gmock/gmock.h>
@@ -16,17 +17,21 @@ TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDates) {
     const test::TemporaryTree tree;
     const LinuxDirectoryLister lister;
     tree.file("folder/.hidden");
-    tree.file("folder/new\nline \xFF");
+    tree.file("folder/new\nline \xFF", 8192);
     tree.file("folder/inner/below");
     tree.symbolicLink("folder/link", "inner");
     tree.setTimes("folder/.hidden", 1, 1'700'000'000.5);
     tree.setTimes("folder/new\nline \xFF", 1, 5);
     tree.setTimes("folder/inner", 1, 6);
     tree.setTimes("folder/link", 1, -7);
+    const auto bytesOf = [&](const std::string& name) {
+        return measureTree(tree.path("folder/" + name)).bytes;
+    };
     EXPECT_THAT(lister.children(tree.path("folder")),
-                Optional(UnorderedElementsAre(ListedChild{".hidden", 1'700'000'000.5},
-                                              ListedChild{"new\nline \xFF", 5}, ListedChild{"inner", 6},
-                                              ListedChild{"link", -7})));
+                Optional(UnorderedElementsAre(ListedChild{".hidden", 1'700'000'000.5, bytesOf(".hidden")},
+                                              ListedChild{"new\nline \xFF", 5, bytesOf("new\nline \xFF")},
+                                              ListedChild{"inner", 6, std::nullopt},
+                                              ListedChild{"link", -7, bytesOf("link")})));
     EXPECT_THAT(lister.children(tree.directory("empty")), Optional(IsEmpty()));
 }
 

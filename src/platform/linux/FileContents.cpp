@@ -10,6 +10,8 @@ namespace brimlet {
 
 namespace {
 
+constexpr std::size_t firstRead = std::size_t{64} * 1024;
+
 std::optional<std::string> readToEnd(int descriptor, std::size_t limit) {
     struct stat status {};
     if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
@@ -18,7 +20,7 @@ std::optional<std::string> readToEnd(int descriptor, std::size_t limit) {
     std::size_t filled = 0;
     // The file may grow meanwhile: one byte beyond the limit tells.
     while (filled <= limit) {
-        bytes.resize(std::min(limit + 1, std::max<std::size_t>(2 * filled, 64 * 1024)));
+        bytes.resize(std::min(limit + 1, std::max(2 * filled, firstRead)));
         const ssize_t count = read(descriptor, bytes.data() + filled, bytes.size() - filled);
         if (count < 0 && errno == EINTR)
             continue;

@@ -24,11 +24,16 @@ OpenDirectory openDirectory(const std::string& folder) {
     return {directory, closedir};
 }
 
-std::optional<double> modificationDate(int folder, const char* name) {
+ListedChild examined(int folder, const char* name) {
+    ListedChild child{name, std::nullopt, std::nullopt};
     struct stat status {};
     if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return std::nullopt;
-    return static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) / 1e9;
+        return child;
+    child.modified =
+        static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) / 1e9;
+    if (!S_ISDIR(status.st_mode))
+        child.fileBytes = std::int64_t{status.st_blocks} * 512;
+    return child;
 }
 
 } // namespace
@@ -45,7 +50,7 @@ std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std
             break;
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            entries.push_back({std::string(name), modificationDate(dirfd(directory.get()), entry->d_name)});
+            entries.push_back(examined(dirfd(directory.get()), entry->d_name));
     }
     if (errno != 0)
         return std::nullopt;

@@ -1,0 +1,204 @@
+// Starting, stopping and replacing scans.
+#include "support/SyntheticTree.h"
+#include "support/TemporaryTree.h"
+#include "support/TestApp.h"
+
+#include <algorithm>
+#include <atomic>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <QSignalSpy>
+
+namespace brimlet {
+namespace {
+
+using test::eventually;
+using test::handleEvents;
+using test::TestApp;
+using testing::UnorderedElementsAre;
+
+std::shared_ptr<ScanResult> resultOf(std::string_view root) {
+    return test::SyntheticTree(root).finish();
+}
+
+/// A scanner that was cancelled gives nothing, whatever it is asked to walk.
+bool isCancelled(Scanner& scanner) {
+    const test::TemporaryTree tree;
+    return scanner.scan(tree.root(), {}, {}) == nullptr;
+}
+
+TEST(AppStateScan, publishesTheFinishedScan) {
+    TestApp app;
+    AppState& state = app.state();
+    state.startScan(ScanTarget::folder("/Users/sam/Movies"));
+    EXPECT_TRUE(state.isScanning());
+    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/Movies");
+
+    app.volumes.info->available = 7;
+    const auto result = resultOf("/Users/sam/Movies");
+    app.walks.finish(0, result);
+    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
+    EXPECT_EQ(state.scan(), result);
+    EXPECT_EQ(state.explorerStack(), std::vector<FileNode*>{result->root});
+    EXPECT_EQ(state.revision(), 1);
+    EXPECT_EQ(state.volume()->available, 7);
+}
+
+TEST(AppStateScan, lateResultOfAReplacedScanIsDropped) {
+    TestApp app;
+    AppState& state = app.state();
+    state.startScan(ScanTarget::folder("/first"));
+    Scanner& first = *app.walks.begun(0).scanner;
+    state.startScan(ScanTarget::folder("/second"));
+    app.walks.begun(1);
+    EXPECT_TRUE(isCancelled(first));
+
+    app.walks.finish(0, resultOf("/first"));
+    const auto second = resultOf("/second");
+    app.walks.finish(1, second);
+    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
+    EXPECT_EQ(state.scan(), second);
+    EXPECT_EQ(state.revision(), 1);
+}
+
+TEST(AppStateScan, lateResultBeforeTheNewOneLeavesTheNewScanRunning) {
+    TestApp app;
+    AppState& state = app.state();
+    QSignalSpy scanning(&state, &AppState::isScanningChanged);
+    state.startScan(ScanTarget::folder("/first"));
+    app.walks.begun(0);
+    state.startScan(ScanTarget::folder("/second"));
+    app.walks.begun(1).progress(5, 50, "/second/a");
+    app.walks.finish(0, resultOf("/first"));
+    ASSERT_TRUE(eventually([&] { return state.progress().files == 5; }));
+    handleEvents();
+    EXPECT_TRUE(state.isScanning());
+    EXPECT_EQ(state.scan(), nullptr);
+    EXPECT_EQ(scanning.count(), 1);
+}
+
+TEST(AppStateScan, stoppedScanChangesNothingAtItsEnd) {
+    TestApp app;
+    AppState& state = app.state();
+    state.startScan(ScanTarget::home());
+    Scanner& scanner = *app.walks.begun(0).scanner;
+    state.cancelScan();
+    EXPECT_FALSE(state.isScanning());
+    EXPECT_TRUE(isCancelled(scanner));
+
+    const auto volumeReads = std::count(app.log.begin(), app.log.end(), "volume /");
+    app.walks.finish(0, resultOf("/Users/sam"));
+    // The next scan's end is handed back after the stopped one's.
+    state.startScan(ScanTarget::folder("/next"));
+    app.walks.finish(1, nullptr);
+    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
+    EXPECT_EQ(state.scan(), nullptr);
+    EXPECT_EQ(state.revision(), 0);
+    EXPECT_EQ(std::count(app.log.begin(), app.log.end(), "volume /"), volumeReads + 1);
+}
+
+TEST(AppStateScan, scanWithoutAResultKeepsThePreviousOne) {
+    TestApp app;
+    AppState& state = app.state();
+    const auto result = resultOf("/Users/sam");
+    state.startScan(ScanTarget::home());
+    app.walks.finish(0, result);
+    ASSERT_TRUE(eventually([&] { return state.hasScan(); }));
+    state.startScan(ScanTarget::folder("/vanished"));
+    app.walks.finish(1, nullptr);
+    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
+    EXPECT_EQ(state.scan(), result);
+    EXPECT_EQ(state.revision(), 1);
+}
+
+TEST(AppStateScan, progressOfAStoppedScanIsNotShown) {
+    TestApp app;
+    AppState& state = app.state();
+    state.startScan(ScanTarget::home());
+    app.walks.begun(0).progress(10, 1'000, "/Users/sam/Documents");
+    ASSERT_TRUE(eventually([&] { return state.progress().files == 10; }));
+    EXPECT_EQ(state.progressPath(), "~/Documents");
+
+    state.cancelScan();
+    app.walks.begun(0).progress(20, 2'000, "/Users/sam/Movies");
+    state.startScan();
+    EXPECT_EQ(state.progress(), ScanProgressSnapshot());
+    app.walks.begun(1).progress(3, 30, "/a");
+    ASSERT_TRUE(eventually([&] { return state.progress().files == 3; }));
+}
+
+TEST(AppStateScan, onlyTargetsThatNeedAccessAreHeldBackUntilSkipped) {
+    TestApp app;
+    app.probe.granted = false;
+    AppState& state = app.state();
+    state.startScan(ScanTarget::home());
+    EXPECT_TRUE(state.showAccessOnboarding());
+    EXPECT_FALSE(state.isScanning());
+
+    state.startScan(ScanTarget::folder("/Users/sam/Movies"));
+    EXPECT_TRUE(state.isScanning());
+    app.walks.begun(0);
+    state.cancelScan();
+
+    state.startScan(ScanTarget::wholeDisk());
+    EXPECT_FALSE(state.isScanning());
+    state.scanWithoutAccess();
+    EXPECT_FALSE(state.showAccessOnboarding());
+    EXPECT_TRUE(state.isScanning());
+    EXPECT_EQ(state.scanTarget(), ScanTarget::wholeDisk());
+    EXPECT_EQ(app.preferences.values["accessOnboardingSkipped"], PreferenceValue(true));
+
+    state.startScan(ScanTarget::home());
+    EXPECT_FALSE(state.showAccessOnboarding());
+}
+
+TEST(AppStateScan, exclusionsOfTheMomentGoIntoTheScan) {
+    TestApp app;
+    app.preferences.values["excludedPaths"] = std::string("/Users/sam/Big\n\n/Volumes/x\n/Volumes/x\n");
+    app.state().startScan(ScanTarget::home());
+    EXPECT_THAT(app.walks.begun(0).excluded, UnorderedElementsAre("/Users/sam/Big", "/Volumes/x"));
+    app.state().setExcludedRaw("");
+    app.state().startScan();
+    EXPECT_TRUE(app.walks.begun(1).excluded.empty());
+}
+
+TEST(AppStateScan, chosenFolderBecomesTheTarget) {
+    TestApp app;
+    app.state().chooseFolderToScan();
+    EXPECT_FALSE(app.state().isScanning());
+    app.panels.choice = "/Users/sam/\xff";
+    app.state().chooseFolderToScan();
+    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/\xff");
+}
+
+TEST(AppStateScan, placesThatCannotBeScannedEndInAClearState) {
+    const test::TemporaryTree tree;
+    for (const std::string& place : {tree.path("missing"), tree.file("plain"), std::string("relative")}) {
+        TestApp app;
+        app.scanWalk = [](Scanner& scanner, const auto& path, const auto& excluded, const auto& progress) {
+            return scanner.scan(path, excluded, progress);
+        };
+        app.homeFolder = place;
+        app.state().startScan(ScanTarget::home());
+        EXPECT_TRUE(eventually([&] { return !app.state().isScanning(); })) << place;
+        EXPECT_FALSE(app.state().hasScan()) << place;
+    }
+}
+
+TEST(AppStateScan, closingTheApplicationEndsARunningScan) {
+    const test::TemporaryTree tree;
+    auto app = std::make_unique<TestApp>();
+    std::atomic<bool> cancelled = false;
+    app->scanWalk = [&](Scanner& scanner, const auto&, const auto&, const auto&) {
+        while (scanner.scan(tree.root(), {}, {}) != nullptr) {
+        }
+        cancelled = true;
+        return std::shared_ptr<ScanResult>();
+    };
+    app->state().startScan(ScanTarget::home());
+    app.reset();
+    EXPECT_TRUE(cancelled);
+}
+
+} // namespace
+} // namespace brimlet

@@ -1,0 +1,139 @@
+// Creation and navigation of the central state.
+#include "support/SyntheticTree.h"
+#include "support/TestApp.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <QSignalSpy>
+
+namespace brimlet {
+namespace {
+
+using test::handleEvents;
+using test::TestApp;
+using testing::ElementsAre;
+
+TEST(AppState, isCreatedInItsOrder) {
+    TestApp app;
+    app.preferences.values["autoScan"] = std::string("home");
+    app.state();
+    app.walks.begun(0);
+    EXPECT_THAT(app.log, ElementsAre("volume /", "read excludedPaths", "read permanentDelete", "volume /",
+                                     "read lastAutoClean", "read lastAutoCleanBytes",
+                                     "read accessOnboardingSkipped", "probe", "read initialSection",
+                                     "read autoScan", "probe", "probe"));
+}
+
+TEST(AppState, beginsWithItsInitialValues) {
+    TestApp app;
+    const AppState& state = app.state();
+    EXPECT_EQ(state.section(), AppSection::smartClean);
+    EXPECT_EQ(state.scanTarget(), ScanTarget::wholeDisk());
+    EXPECT_FALSE(state.isScanning());
+    EXPECT_EQ(state.progress(), ScanProgressSnapshot());
+    EXPECT_EQ(state.scan(), nullptr);
+    EXPECT_EQ(state.revision(), 0);
+    EXPECT_EQ(state.volume(), app.volumes.info);
+    EXPECT_TRUE(state.explorerStack().empty());
+    EXPECT_FALSE(state.plan().has_value());
+    EXPECT_FALSE(state.toast().has_value());
+    EXPECT_TRUE(state.hasFullDiskAccess());
+    EXPECT_FALSE(state.permanentDelete());
+    EXPECT_FALSE(state.showAccessOnboarding());
+}
+
+TEST(AppState, opensOnThePreferredSection) {
+    const std::vector<std::pair<PreferenceValue, AppSection>> cases = {
+        {std::string("history"), AppSection::history},
+        {std::string("smartClean"), AppSection::smartClean},
+        {std::string("nowhere"), AppSection::smartClean},
+        {std::string("History"), AppSection::smartClean},
+        {true, AppSection::smartClean},
+    };
+    for (const auto& [stored, expected] : cases) {
+        TestApp app;
+        app.preferences.values["initialSection"] = stored;
+        EXPECT_EQ(app.state().section(), expected);
+    }
+}
+
+TEST(AppState, scansByItselfOnlyWhereToldTo) {
+    struct Case {
+        const char* stored;
+        std::optional<std::string> root;
+    };
+    const std::string disk = ScanTarget::wholeDisk().path("/Users/sam");
+    for (const Case& each : {Case{"home", "/Users/sam"}, {"disk", disk}, {"", {}}, {"Home", {}}}) {
+        TestApp app;
+        app.preferences.values["autoScan"] = std::string(each.stored);
+        EXPECT_EQ(app.state().isScanning(), each.root.has_value()) << each.stored;
+        if (each.root) {
+            EXPECT_EQ(app.walks.begun(0).rootPath, *each.root);
+        }
+    }
+}
+
+TEST(AppState, automaticScanWithoutAccessRaisesTheSheetInstead) {
+    TestApp app;
+    app.probe.granted = false;
+    app.preferences.values["autoScan"] = std::string("disk");
+    EXPECT_TRUE(app.state().showAccessOnboarding());
+    EXPECT_FALSE(app.state().isScanning());
+}
+
+TEST(AppState, unknownSectionIsIgnored) {
+    TestApp app;
+    QSignalSpy changed(&app.state(), &AppState::sectionChanged);
+    app.state().setSectionRaw("junk");
+    app.state().setSectionRaw("rubbish");
+    EXPECT_EQ(app.state().section(), AppSection::junk);
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(AppState, changedPreferencesAreStoredAndPublished) {
+    TestApp app;
+    QSignalSpy excluded(&app.state(), &AppState::excludedRawChanged);
+    QSignalSpy permanent(&app.state(), &AppState::permanentDeleteChanged);
+    app.state().setExcludedRaw("/Users/sam/Big");
+    app.state().setPermanentDelete(true);
+    EXPECT_EQ(app.preferences.values["excludedPaths"], PreferenceValue(std::string("/Users/sam/Big")));
+    EXPECT_EQ(app.preferences.values["permanentDelete"], PreferenceValue(true));
+    EXPECT_EQ(excluded.count(), 1);
+    EXPECT_EQ(permanent.count(), 1);
+}
+
+TEST(AppState, removingNothingChangesNothing) {
+    TestApp app;
+    QSignalSpy revision(&app.state(), &AppState::revisionChanged);
+    app.state().removeDeleted({});
+    EXPECT_EQ(app.state().revision(), 0);
+    EXPECT_EQ(revision.count(), 0);
+}
+
+TEST(AppState, removedPathsLeaveTheTreeAndItsTotals) {
+    TestApp app;
+    test::SyntheticTree tree("/Users/sam");
+    FileNode* movies = tree.directory(tree.root(), "Movies");
+    FileNode* film = tree.file(movies, "film.mov", 4'000'000);
+    tree.file(tree.root(), "kept.zip", 2'000'000);
+    app.state().startScan(ScanTarget::home());
+    app.walks.finish(0, tree.finish());
+    ASSERT_TRUE(test::eventually([&] { return app.state().hasScan(); }));
+    const std::int64_t before = app.state().scan()->root->size;
+
+    QSignalSpy scanChanged(&app.state(), &AppState::scanChanged);
+    app.state().removeDeleted({"/Users/sam/Movies/film.mov"});
+    EXPECT_TRUE(film->deleted);
+    EXPECT_EQ(app.state().scan()->root->size, before - 4'000'000);
+    EXPECT_EQ(app.state().revision(), 2);
+    EXPECT_EQ(scanChanged.count(), 1);
+}
+
+TEST(AppState, removalWithoutAScanStillRaisesTheRevision) {
+    TestApp app;
+    app.state().removeDeleted({"/Users/sam/gone"});
+    EXPECT_EQ(app.state().revision(), 1);
+}
+
+} // namespace
+} // namespace brimlet

@@ -1,0 +1,267 @@
+// The main window as its user meets it, by mouse and keyboard.
+#include "support/SyntheticTree.h"
+#include "support/TestWindow.h"
+
+#include <chrono>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <QQuickItem>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace brimlet {
+namespace {
+
+using test::eventually;
+using test::TestApp;
+using test::TestWindow;
+using test::WindowDriver;
+using testing::Contains;
+
+std::shared_ptr<ScanResult> sampleResult(std::string_view root = "/Users/sam") {
+    test::SyntheticTree tree(root);
+    FileNode* movies = tree.directory(tree.root(), "Movies");
+    tree.file(movies, "holiday.mov", 4'000'000'000);
+    tree.file(tree.root(), "archive.zip", 1'000'000'000);
+    return tree.finish();
+}
+
+TEST(MainWindow, choosesSectionsByMouseAndArrows) {
+    TestApp app;
+    TestWindow window(app);
+    ASSERT_TRUE(window.driver().click("History", QAccessible::ListItem));
+    EXPECT_EQ(window.state().section(), AppSection::history);
+    window.driver().key(Qt::Key_Up);
+    EXPECT_EQ(window.state().section(), AppSection::duplicates);
+    window.driver().key(Qt::Key_Down);
+    window.driver().key(Qt::Key_Down);
+    EXPECT_EQ(window.state().section(), AppSection::history);
+}
+
+TEST(MainWindow, opensEverySectionWithoutAWarning) {
+    TestApp app;
+    TestWindow window(app);
+    for (const AppSectionLook& section : allSections()) {
+        const QString title = QString::fromStdString(std::string(section.title));
+        window.driver().click(title, QAccessible::ListItem);
+        EXPECT_EQ(window.state().section(), section.section);
+        test::handleEvents();
+    }
+}
+
+TEST(MainWindow, startsStopsAndRestartsAScan) {
+    TestApp app;
+    app.preferences.values["initialSection"] = std::string("overview");
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    driver.click("Home Folder Only", QAccessible::Button);
+    app.walks.begun(0).progress(1'234, 5'600'000'000, "/Users/sam/Movies");
+    EXPECT_TRUE(driver.await("1,234 files · 5.6 GB"));
+    EXPECT_TRUE(driver.shows("~/Movies"));
+
+    driver.click("Stop", QAccessible::Button);
+    EXPECT_FALSE(window.state().isScanning());
+    EXPECT_TRUE(driver.await("Scan", QAccessible::Button));
+    driver.click("Scan", QAccessible::Button);
+    app.walks.begun(1);
+    app.walks.finish(0, sampleResult("/late"));
+    app.walks.finish(1, sampleResult());
+    EXPECT_TRUE(driver.await("Rescan", QAccessible::Button));
+    EXPECT_TRUE(driver.await("Total: 5 GB"));
+    EXPECT_EQ(window.state().scan()->rootPath, "/Users/sam");
+
+    driver.click("Rescan", QAccessible::Button);
+    driver.click("Stop", QAccessible::Button);
+    EXPECT_TRUE(driver.shows("Total: 5 GB"));
+}
+
+TEST(MainWindow, onboardingHoldsTheScanUntilItIsSkipped) {
+    TestApp app;
+    app.probe.granted = false;
+    app.preferences.values["initialSection"] = std::string("overview");
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    driver.click("Scan Entire Disk", QAccessible::Button);
+    ASSERT_TRUE(driver.await("Let Brimlet see your whole disk", QAccessible::Dialog));
+    EXPECT_EQ(app.walks.count(), 0U);
+
+    driver.click("Open Settings", QAccessible::Button);
+    EXPECT_THAT(app.log, Contains(std::string("open ") + fullDiskAccessSettingsUrl));
+    EXPECT_TRUE(window.state().showAccessOnboarding());
+
+    driver.key(Qt::Key_Escape);
+    EXPECT_TRUE(driver.awaitGone("Let Brimlet see your whole disk"));
+    EXPECT_FALSE(window.state().showAccessOnboarding());
+    EXPECT_EQ(app.walks.count(), 0U);
+
+    driver.click("Scan Entire Disk", QAccessible::Button);
+    driver.click("Scan Without Access", QAccessible::Button);
+    EXPECT_TRUE(driver.awaitGone("Let Brimlet see your whole disk"));
+    EXPECT_EQ(app.walks.begun(0).rootPath, ScanTarget::wholeDisk().path(app.homeFolder));
+    EXPECT_TRUE(window.state().accessOnboardingSkipped());
+}
+
+TEST(MainWindow, bannerAsksForAccessAgain) {
+    TestApp app;
+    app.probe.granted = false;
+    app.preferences.values["initialSection"] = std::string("overview");
+    app.preferences.values["accessOnboardingSkipped"] = true;
+    TestWindow window(app);
+    window.state().startScan(ScanTarget::home());
+    app.walks.finish(0, sampleResult());
+    WindowDriver& driver = window.driver();
+    ASSERT_TRUE(driver.await("Grant Full Disk Access"));
+    driver.click("I’ve Done It", QAccessible::Button);
+    EXPECT_TRUE(driver.shows("Grant Full Disk Access"));
+    app.probe.granted = true;
+    driver.click("I’ve Done It", QAccessible::Button);
+    EXPECT_TRUE(driver.awaitGone("Grant Full Disk Access"));
+}
+
+TEST(MainWindow, scansAChosenFolder) {
+    TestApp app;
+    TestWindow window(app);
+    window.driver().click("Scan: Entire disk", QAccessible::Button);
+    window.driver().click("Choose Folder…", QAccessible::MenuItem);
+    window.panels().accept(QUrl::fromEncoded("file:///Users/sam/My%20Films%E9/"));
+    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/My Films\xe9");
+    window.panels().accept(QUrl("file:///late"));
+    EXPECT_EQ(app.walks.count(), 1U);
+}
+
+TEST(MainWindow, menuEntriesAndShortcutsStartScans) {
+    struct Case {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        ScanTarget target;
+    };
+    for (const Case& each : {Case{Qt::Key_R, Qt::ControlModifier, ScanTarget::wholeDisk()},
+                             {Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier, ScanTarget::home()}}) {
+        TestApp app;
+        TestWindow window(app);
+        window.driver().key(each.key, each.modifiers);
+        EXPECT_EQ(app.walks.begun(0).rootPath, each.target.path(app.homeFolder));
+    }
+    TestApp app;
+    TestWindow window(app);
+    window.state().setSection(AppSection::history);
+    window.driver().key(Qt::Key_1, Qt::ControlModifier);
+    EXPECT_EQ(window.state().section(), AppSection::smartClean);
+    window.driver().click("Menu", QAccessible::Button);
+    window.driver().click("Scan Home Folder", QAccessible::MenuItem);
+    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
+}
+
+TEST(MainWindow, updateDialogShowsTheAnswer) {
+    TestApp app;
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    driver.click("Menu", QAccessible::Button);
+    driver.click("Check for Updates…", QAccessible::MenuItem);
+    ASSERT_TRUE(driver.await("Checking for updates…"));
+    window.updates().pending.at(0)(NewerVersion{"2.0", "https://example.org/get"});
+    ASSERT_TRUE(driver.await("Get the Update", QAccessible::Button));
+    driver.key(Qt::Key_Return);
+    EXPECT_THAT(app.log, Contains("open https://example.org/get"));
+    EXPECT_TRUE(driver.awaitGone("Brimlet 2.0 is available"));
+}
+
+TEST(MainWindow, footerTurnsRedBelowATenthFree) {
+    struct Case {
+        std::int64_t free;
+        const char* color;
+    };
+    for (const Case& each : {Case{99, "#e5484d"}, {100, "#6e5bff"}, {600, "#6e5bff"}}) {
+        TestApp app;
+        app.volumes.info = VolumeInfo{"Macintosh HD", 1'000, 0, each.free};
+        TestWindow window(app);
+        const QQuickItem* bar = window.driver().await("Disk usage");
+        ASSERT_NE(bar, nullptr);
+        EXPECT_EQ(bar->property("fillColor").value<QColor>(), QColor(each.color)) << each.free;
+    }
+}
+
+TEST(MainWindow, footerIsEmptyWithoutFigures) {
+    TestApp app;
+    app.volumes.info = VolumeInfo{"Data", 4'000'000'000'000, 1, 1'500'000'000'000};
+    TestWindow window(app);
+    EXPECT_TRUE(window.driver().shows("Data"));
+    EXPECT_TRUE(window.driver().shows("1.5 TB free"));
+    app.volumes.info.reset();
+    window.state().startScan(ScanTarget::home());
+    app.walks.finish(0, nullptr);
+    EXPECT_TRUE(window.driver().awaitGone("Disk usage"));
+    EXPECT_FALSE(window.driver().shows("Zero KB free"));
+}
+
+TEST(MainWindow, everyNoticeHasItsOwnEightSeconds) {
+    TestApp app;
+    TestWindow window(app);
+    const auto shownFor = [&](const QString& name) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_TRUE(window.driver().awaitGone(name));
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    Toast first;
+    first.message = "First";
+    window.state().setToast(first);
+    ASSERT_TRUE(window.driver().await("First"));
+    QTest::qWait(4'000);
+    Toast second;
+    second.message = "Second";
+    second.detail = "With a detail";
+    window.state().setToast(second);
+    ASSERT_TRUE(window.driver().await("Second"));
+    EXPECT_TRUE(window.driver().shows("With a detail"));
+    EXPECT_FALSE(window.driver().shows("First"));
+    EXPECT_FALSE(window.driver().shows("Undo"));
+    const double seconds = shownFor("Second");
+    EXPECT_GT(seconds, 7.5);
+    EXPECT_LT(seconds, 12);
+}
+
+TEST(MainWindow, noticeOffersUndoOnlyWhereItCan) {
+    TestApp app;
+    TestWindow window(app);
+    QSignalSpy restored(&window.state(), &AppState::restoreWanted);
+    Toast toast;
+    toast.message = "Moved to Trash";
+    toast.undoable = {HistoryEntry{}};
+    window.state().setToast(toast);
+    window.driver().click("Undo", QAccessible::Button);
+    EXPECT_EQ(restored.count(), 1);
+    EXPECT_FALSE(window.state().toast().has_value());
+
+    window.state().setToast(Toast{});
+    window.driver().click("Close", QAccessible::Button);
+    EXPECT_FALSE(window.state().toast().has_value());
+}
+
+TEST(MainWindow, everythingIsReachedByTab) {
+    TestApp app;
+    app.preferences.values["initialSection"] = std::string("overview");
+    TestWindow window(app);
+    for (const char* name :
+         {"Sections", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
+        EXPECT_TRUE(window.driver().tabTo(name)) << name;
+    window.driver().key(Qt::Key_Space);
+    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
+}
+
+TEST(MainWindow, sheetKeepsTheKeyboardAndGivesItBack) {
+    TestApp app;
+    app.probe.granted = false;
+    app.preferences.values["initialSection"] = std::string("overview");
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    ASSERT_TRUE(driver.tabTo("Home Folder Only"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(eventually([&] { return driver.focused() == "Open Settings"; })) << driver.focused().toStdString();
+    EXPECT_FALSE(driver.tabTo("Home Folder Only", 10));
+    ASSERT_TRUE(driver.tabTo("Scan Without Access"));
+    driver.key(Qt::Key_Return);
+    EXPECT_TRUE(window.state().isScanning());
+}
+
+} // namespace
+} // namespace brimlet
