@@ -37,8 +37,8 @@ void ToastModel::undo() {
     if (!shown())
         return;
     const std::vector<HistoryEntry> entries = m_state->toast()->undoable;
+    close(); // what was restored is told by a notice of its own
     m_state->restoreEntries(entries);
-    close();
 }
 
 void ToastModel::close() {

@@ -39,7 +39,7 @@ T.AbstractButton {
 
             Icon {
                 anchors.centerIn: parent
-                color: Theme.onAccent
+                color: Theme.textOnAccent
                 size: Theme.iconSmall
                 symbol: control.tick === 1 ? "minus" : "checkmark"
                 visible: control.tick > 0

@@ -56,14 +56,14 @@ RowLayout {
 
                 Icon {
                     anchors.centerIn: parent
-                    color: Theme.onAccent
+                    color: Theme.textOnAccent
                     size: Theme.iconSmall
                     symbol: "checkmark"
                     visible: step.finished
                 }
                 AppText {
                     anchors.centerIn: parent
-                    color: step.ahead ? Theme.textSecondary : Theme.onAccent
+                    color: step.ahead ? Theme.textSecondary : Theme.textOnAccent
                     figures: true
                     kind: AppText.Strong
                     text: step.index + 1
