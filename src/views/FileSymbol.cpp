@@ -7,15 +7,10 @@
 namespace brimlet {
 
 QString symbolForName(std::string_view name) {
-    const std::string_view extension = pathExtension(name);
-    if (extension == "app")
+    if (pathExtension(name) == "app")
         return QStringLiteral("app.fill");
     const FileKind kind = fileKindForName(name);
-    if (kind != FileKind::other)
-        return shownText(look(kind).symbol);
-    constexpr std::size_t longestExtension = 5;
-    const bool hasExtension = !extension.empty() && extension.size() <= longestExtension;
-    return hasExtension ? QStringLiteral("doc.text.fill") : QStringLiteral("folder.fill");
+    return kind == FileKind::other ? QStringLiteral("folder.fill") : shownText(look(kind).symbol);
 }
 
 } // namespace brimlet

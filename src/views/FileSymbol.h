@@ -6,7 +6,7 @@
 
 namespace brimlet {
 
-/// An application's, a known kind's, or a folder's where the name has no extension.
+/// An application's, a known kind's, or else a folder's: what the catalogue finds mostly is one.
 QString symbolForName(std::string_view name);
 
 } // namespace brimlet

@@ -24,7 +24,7 @@ class PlanModel : public QAbstractListModel {
     Q_PROPERTY(QString reviewConsent READ reviewConsent NOTIFY planChanged)
     Q_PROPERTY(QString protectedNote READ protectedNote NOTIFY planChanged)
     Q_PROPERTY(bool acceptedReview READ acceptedReview WRITE setAcceptedReview NOTIFY acceptedReviewChanged)
-    Q_PROPERTY(qint64 total READ total NOTIFY acceptedReviewChanged)
+    Q_PROPERTY(double total READ total NOTIFY acceptedReviewChanged)
     Q_PROPERTY(bool canDelete READ canDelete NOTIFY acceptedReviewChanged)
     Q_PROPERTY(QString deleteLabel READ deleteLabel NOTIFY explanationChanged)
 

@@ -78,7 +78,7 @@ std::vector<Stop> cleaningStops() {
          }},
         {"junk-opened-and-selected",
          [](BrimletApp& app) {
-             press(app, Qt::Key_Tab, 6);
+             press(app, Qt::Key_Tab, 5);
              press(app, Qt::Key_Down);
              press(app, Qt::Key_Space);
              press(app, Qt::Key_Right);

@@ -1,5 +1,6 @@
 // A box that is off, partly on, or on. It shows what it is told; `clicked` says that the user wants it changed.
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 import Brimlet
 
@@ -10,8 +11,8 @@ T.AbstractButton {
     property string name: text ///< for assistive tools
 
     focusPolicy: Qt.StrongFocus
-    implicitHeight: Theme.iconLarge
-    implicitWidth: text === "" ? Theme.iconLarge : Theme.iconLarge + Theme.spaceS + label.implicitWidth
+    implicitHeight: Math.max(Theme.iconLarge, implicitContentHeight)
+    implicitWidth: implicitContentWidth
     opacity: enabled ? 1 : Theme.disabled
 
     Accessible.name: name
@@ -22,20 +23,18 @@ T.AbstractButton {
     Accessible.onPressAction: control.clicked()
     Accessible.onToggleAction: control.clicked()
 
-    contentItem: Item {
+    contentItem: RowLayout {
+        spacing: Theme.spaceS
+
         Rectangle {
-            id: box
-
-            anchors.verticalCenter: parent.verticalCenter
-            border.color: control.tick > 0 ? "transparent" : control.hovered ? Theme.accent : Theme.textSecondary
-            border.width: control.tick > 0 ? 0 : Theme.focusWidth * 0.75
+            Layout.leftMargin: Theme.spaceXs / 2
+            Layout.preferredHeight: Theme.iconSize + Theme.focusWidth
+            Layout.preferredWidth: Theme.iconSize + Theme.focusWidth
+            Layout.rightMargin: Theme.spaceXs / 2
+            border.color: control.hovered ? Theme.accent : Theme.textSecondary
+            border.width: control.tick > 0 ? 0 : Theme.hairline
             color: control.tick > 0 ? Theme.accent : "transparent"
-            height: Theme.iconSize + Theme.focusWidth
             radius: Theme.radiusSmall
-            width: height
-            x: (Theme.iconLarge - width) / 2
-
-            Behavior on color { ColorAnimation { duration: Theme.quick } }
 
             Icon {
                 anchors.centerIn: parent
@@ -50,12 +49,7 @@ T.AbstractButton {
             }
         }
         AppText {
-            id: label
-
-            anchors.left: parent.left
-            anchors.leftMargin: Theme.iconLarge + Theme.spaceS
-            anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
+            Layout.fillWidth: true
             text: control.text
             textFormat: Text.MarkdownText
             visible: text !== ""

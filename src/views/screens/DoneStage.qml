@@ -9,7 +9,7 @@ import Brimlet.App
 StagePage {
     id: stage
 
-    required property SmartCleanModel model
+    readonly property SmartCleanModel model: SmartCleanModel { state: App }
     property real appear: Theme.animated ? 0 : 1
 
     NumberAnimation on appear {

@@ -2,12 +2,13 @@
 import QtQuick
 import QtQuick.Layouts
 import Brimlet
+import Brimlet.App
 
 StagePage {
     id: stage
 
-    required property SmartCleanModel model
-    property real pulse: 0
+    readonly property SmartCleanModel model: SmartCleanModel { state: App }
+    property real pulse
 
     SequentialAnimation on pulse {
         loops: Animation.Infinite

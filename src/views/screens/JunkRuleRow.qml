@@ -4,7 +4,7 @@ import QtQuick.Layouts
 import Brimlet
 import Brimlet.App
 
-Rectangle {
+Item {
     id: row
 
     required property int index
@@ -21,11 +21,7 @@ Rectangle {
     signal opened(bool open)
     signal ticked
 
-    border.color: Theme.cardBorder
-    border.width: Theme.hairline
-    color: Theme.card
-    implicitHeight: Math.max(Theme.ruleRowHeight, texts.implicitHeight + 2 * Theme.spaceM)
-    radius: Theme.radiusControl
+    implicitHeight: Math.max(Theme.ruleRowHeight, texts.implicitHeight + 2 * Theme.spaceM) + Theme.spaceS
 
     Accessible.name: title + ", " + figures.text
     Accessible.description: detail + " " + removal
@@ -33,12 +29,28 @@ Rectangle {
     Accessible.onPressAction: row.opened(!row.expanded)
 
     Rectangle {
+        id: surface
+
+        anchors.bottomMargin: Theme.spaceS
         anchors.fill: parent
-        color: pointer.hovered ? Theme.hover : "transparent"
-        radius: parent.radius
+        border.color: Theme.cardBorder
+        border.width: Theme.hairline
+        color: Theme.card
+        radius: Theme.radiusControl
+
+        Rectangle {
+            anchors.fill: parent
+            color: pointer.hovered ? Theme.hover : "transparent"
+            radius: parent.radius
+        }
+        FocusRing {
+            anchors.margins: 0
+            radius: parent.radius
+            shown: row.focusShown
+        }
     }
     RowLayout {
-        anchors.fill: parent
+        anchors.fill: surface
         anchors.leftMargin: Theme.spaceM
         anchors.rightMargin: Theme.spaceL
         spacing: Theme.spaceM
@@ -114,11 +126,6 @@ Rectangle {
                 Accessible.ignored: true
             }
         }
-    }
-    FocusRing {
-        anchors.margins: 0
-        radius: row.radius
-        shown: row.focusShown
     }
     HoverHandler {
         id: pointer

@@ -10,7 +10,7 @@ import Brimlet.App
 FocusScope {
     id: stage
 
-    required property SmartCleanModel model
+    readonly property SmartCleanModel model: SmartCleanModel { state: App }
 
     readonly property bool canClean: model.selectedSize > 0
 
@@ -40,15 +40,17 @@ FocusScope {
             spacing: 0
 
             AppText {
-                Layout.alignment: Qt.AlignHCenter
+                Layout.fillWidth: true
+                horizontalAlignment: Text.AlignHCenter
                 color: stage.canClean ? Theme.accentText : Theme.textSecondary
                 figures: true
                 kind: AppText.Display
                 text: Formats.bytes(stage.model.selectedSize)
             }
             AppText {
-                Layout.alignment: Qt.AlignHCenter
+                Layout.fillWidth: true
                 color: Theme.textSecondary
+                horizontalAlignment: Text.AlignHCenter
                 text: qsTr("ready to clean")
             }
         }

@@ -34,7 +34,6 @@ FocusScope {
                 phase: "idle"
                 sourceComponent: IdleStage {
                     focus: true
-                    model: clean
                 }
             }
             StageLoader {
@@ -50,7 +49,6 @@ FocusScope {
                 phase: "review"
                 sourceComponent: ReviewStage {
                     focus: true
-                    model: clean
                 }
             }
             StageLoader {
@@ -65,7 +63,6 @@ FocusScope {
                 phase: "done"
                 sourceComponent: DoneStage {
                     focus: true
-                    model: clean
                 }
             }
         }
