@@ -23,9 +23,9 @@
 namespace brimlet {
 
 /// Runs one scan on the calling thread, as Scanner::scan does.
-using ScanWalk = std::function<std::shared_ptr<ScanResult>(
-    Scanner& scanner, const std::string& rootPath, const std::unordered_set<std::string>& excluded,
-    const Scanner::Progress& progress)>;
+using ScanWalk = std::function<std::shared_ptr<ScanResult>(Scanner& scanner, const std::string& rootPath,
+                                                           const std::unordered_set<std::string>& excluded,
+                                                           const Scanner::Progress& progress)>;
 
 /// Searches the disk for all junk on the calling thread, as JunkFinder::scan does.
 using JunkSearch = std::function<std::vector<JunkFinding>()>;

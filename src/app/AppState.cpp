@@ -1,6 +1,7 @@
 #include "app/AppState.h"
 
 #include "app/EngineSingleton.h"
+#include "app/Exclusions.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
 
@@ -54,6 +55,14 @@ void AppState::setExplorerStack(std::vector<FileNode*> stack) {
 void AppState::setExcludedRaw(const std::string& raw) {
     m_preferences.setExcludedPaths(raw);
     change(m_excludedRaw, raw, &AppState::excludedRawChanged);
+}
+
+void AppState::excludeFolder(const std::string& folder) {
+    setExcludedRaw(withExcludedPath(m_excludedRaw, folder));
+}
+
+void AppState::includeFolderAgain(std::size_t position) {
+    setExcludedRaw(withoutExcludedPath(m_excludedRaw, position));
 }
 
 void AppState::setPermanentDelete(bool on) {

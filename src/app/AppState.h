@@ -52,7 +52,8 @@ class AppState : public QObject {
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasPlan READ hasPlan NOTIFY planChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY hasFullDiskAccessChanged)
-    Q_PROPERTY(bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
+    Q_PROPERTY(
+        bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
     Q_PROPERTY(bool showAccessOnboarding READ showAccessOnboarding NOTIFY showAccessOnboardingChanged)
     Q_PROPERTY(bool junkLoading READ junkLoading NOTIFY junkLoadingChanged)
     Q_PROPERTY(QString smartPhase READ smartPhaseRaw WRITE setSmartPhaseRaw NOTIFY smartPhaseChanged)
@@ -174,6 +175,8 @@ public:
     // Preferences
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
+    void excludeFolder(const std::string& folder); ///< a node path or a plain one; counts from the next scan
+    void includeFolderAgain(std::size_t position); ///< by its place in the list
     bool permanentDelete() const { return m_permanentDelete; }
     void setPermanentDelete(bool on);
 

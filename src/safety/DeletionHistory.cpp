@@ -79,9 +79,9 @@ bool DeletionHistory::save() {
     if (!theirs && !keepDamagedFile())
         return false;
     // A file that is gone or damaged says nothing about what others took away.
-    std::vector<HistoryEntry> merged = theirs && !theirs->empty()
-                                           ? mergedHistory(m_base, m_entries, *theirs)
-                                           : m_entries;
+    std::vector<HistoryEntry> merged =
+        theirs && !theirs->empty() ? mergedHistory(m_base, m_entries, *theirs) : m_entries;
+    applyRestored(merged);
     if (m_store.replace(fileName, historyText(merged)))
         return false;
     m_entries = std::move(merged);
@@ -107,9 +107,15 @@ bool DeletionHistory::clear() {
     return save();
 }
 
+/// Also entries that this process could not read, or that another has added: the next write marks them.
 void DeletionHistory::markRestored(const Uuid& id) {
-    for (HistoryEntry& entry : m_entries)
-        entry.restored = entry.restored || entry.id == id;
+    m_restored.insert(id);
+    applyRestored(m_entries);
+}
+
+void DeletionHistory::applyRestored(std::vector<HistoryEntry>& entries) const {
+    for (HistoryEntry& entry : entries)
+        entry.restored = entry.restored || m_restored.contains(entry.id);
 }
 
 Failure DeletionHistory::restore(const HistoryEntry& entry) {

@@ -26,8 +26,8 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
 AppState& BrimletApp::state() {
     if (!m_state)
         m_state = std::make_unique<AppState>(
-            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels,
-                        m_policy, m_clock, [this] { return m_junkFinder.scan(junkCatalogue()); },
+            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_policy,
+                        m_clock, [this] { return m_junkFinder.scan(junkCatalogue()); },
                         [this](const auto& requests) { return m_executor.execute(requests); }, m_history});
     return *m_state;
 }

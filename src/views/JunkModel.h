@@ -38,6 +38,7 @@ public:
         expanded,
         tick,
         path,
+        directory,
     };
 
     /// How many items of a rule are listed.

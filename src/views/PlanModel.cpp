@@ -1,8 +1,8 @@
 #include "views/PlanModel.h"
 
 #include "app/Texts.h"
+#include "core/FileKind.h"
 #include "core/Paths.h"
-#include "views/FileSymbol.h"
 
 #include <algorithm>
 
@@ -137,8 +137,9 @@ QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
         return std::max<qint64>(0, section(sectionRisk).size);
     case reason:
     case path:
-    case symbol:
         return QString();
+    case directory:
+        return false;
     default:
         return {};
     }
@@ -157,8 +158,8 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
         return shownText(item.verdict.reason);
     case path:
         return shownText(displayPath(item.path, m_state ? m_state->homeFolder() : std::string()));
-    case symbol:
-        return symbolForName(item.name);
+    case directory:
+        return fileKindForName(item.name) == FileKind::other; // most junk is folders
     default:
         return {};
     }
@@ -166,7 +167,7 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
 
 QHash<int, QByteArray> PlanModel::roleNames() const {
     return {{isHeading, "isHeading"}, {risk, "risk"},     {count, "count"}, {size, "size"},
-            {name, "name"},           {reason, "reason"}, {path, "path"},   {symbol, "symbol"}};
+            {name, "name"},           {reason, "reason"}, {path, "path"},   {directory, "directory"}};
 }
 
 } // namespace brimlet

@@ -30,7 +30,7 @@ class PlanModel : public QAbstractListModel {
 
 public:
     /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is a Risk.
-    enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path, symbol };
+    enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path, directory };
 
     explicit PlanModel(QObject* parent = nullptr);
 

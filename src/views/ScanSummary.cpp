@@ -18,8 +18,8 @@ std::vector<Segment> bucketSegments(const ScanResult& scan) {
             continue;
         const CategoryLook& bucketLook = look(bucket);
         segments.push_back({QString::fromStdString(std::string(bucketLook.caseName)),
-                            QString::fromStdString(localized(bucketLook.title)), static_cast<double>(found->second),
-                            QColor::fromRgb(bucketLook.color)});
+                            QString::fromStdString(localized(bucketLook.title)),
+                            static_cast<double>(found->second), QColor::fromRgb(bucketLook.color)});
     }
     std::stable_sort(segments.begin(), segments.end(),
                      [](const Segment& left, const Segment& right) { return left.value > right.value; });

@@ -21,7 +21,7 @@ class ScanSummary : public QObject {
     Q_PROPERTY(double folders MEMBER m_folders NOTIFY changed)
     Q_PROPERTY(double unreadable MEMBER m_unreadable NOTIFY changed)
     Q_PROPERTY(double seconds MEMBER m_seconds NOTIFY changed)
-    Q_PROPERTY(QString place MEMBER m_place NOTIFY changed) ///< the scanned folder, as shown
+    Q_PROPERTY(QString place MEMBER m_place NOTIFY changed)          ///< the scanned folder, as shown
     Q_PROPERTY(QVariantList buckets MEMBER m_buckets NOTIFY changed) ///< Segment, largest first, none empty
 
 public:

@@ -95,7 +95,7 @@ QtObject {
     // Opacities
     readonly property real faint: 0.4
     readonly property real tint: 0.12
-    readonly property real ambient: 0.07
+    readonly property real ambient: dark ? 0.07 : 0.05
     readonly property real dimmed: 0.35
     readonly property real disabled: 0.45
 

@@ -1,5 +1,3 @@
-#include "app/AppState.h"
-
 #include "support/MadeUpJunk.h"
 #include "support/TestApp.h"
 
@@ -8,13 +6,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <mutex>
+#include <QCoreApplication>
 
 namespace brimlet {
 namespace {
 
 using namespace std::chrono_literals;
-using test::madeUpFinding;
 using test::eventually;
+using test::madeUpFinding;
 using ::testing::ElementsAre;
 
 using Junk = std::vector<JunkFinding>;
@@ -84,11 +83,12 @@ protected:
     std::vector<DeletionRequest> asked;
     DeletionReport report;
     test::TestApp app;
+    test::FakePreferences& preferences = app.preferences;
     test::FakeStageClock& clock = app.clock;
-    AppState& state = makeState();
+    AppState& state = preparedState();
 
 private:
-    AppState& makeState() {
+    AppState& preparedState() {
         app.junkSearch = [this] { return searches.next(); };
         app.deletionRun = [this](const std::vector<DeletionRequest>& requests) {
             asked = requests;
@@ -115,7 +115,7 @@ TEST_F(AppStateJunk, slowScanIsReviewedAtOnce) {
 }
 
 TEST_F(AppStateJunk, cleanAsksForTickedItemsOnceAndEndsWithAReportAndAFreshList) {
-    state.setPermanentDelete(true);
+    preferences.setValue("permanentDelete", true);
     reachReview(mixedJunk());
     state.setRuleSelected(QStringLiteral("old-installers"), true);
     state.setRuleSelected(QStringLiteral("user-caches"), false);
@@ -167,7 +167,7 @@ TEST_F(AppStateJunk, onlyTheNewestSearchIsPublished) {
     EXPECT_EQ(state.smartPhase(), SmartPhase::review);
 
     searches.finish(0, {});
-    test::handleEvents();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     EXPECT_EQ(state.junk().size(), 2U);
 }
 
@@ -195,11 +195,12 @@ TEST_F(AppStateJunk, planForChosenItemsCarriesTheRulesRemovalAndAFreshVerdict) {
     state.proposeJunkPlan({{item, caches.removal}, {folder, Removal::trash}});
     ASSERT_TRUE(eventually([&] { return state.plan().has_value(); }));
 
+    const SafetyPolicy policy(app.homeFolder, junkCatalogue(), app.bundles, app.running);
     const DeletionPlan& plan = *state.plan();
     EXPECT_EQ(plan.title, "Clean Junk");
     ASSERT_FALSE(plan.items.empty());
     for (const PlanItem& row : plan.items)
-        EXPECT_EQ(row.verdict, app.policy().verdict(row.path));
+        EXPECT_EQ(row.verdict, policy.verdict(row.path));
     EXPECT_EQ(plan.items.back().removal, Removal::trash);
 }
 

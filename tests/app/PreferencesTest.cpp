@@ -1,6 +1,6 @@
 // Preferences through the real file, and the exclusion list.
-#include "app/Exclusions.h"
 #include "app/Preferences.h"
+#include "app/Exclusions.h"
 #include "platform/linux/FilePreferencesStore.h"
 #include "support/TemporaryTree.h"
 

@@ -7,13 +7,11 @@
 #include "platform/linux/LinuxRecordStore.h"
 #include "support/FakeBundles.h"
 #include "support/FakeServices.h"
-#include "support/FakeStageClock.h"
 #include "support/HeldWalks.h"
 #include "support/TemporaryTree.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace brimlet::test {
 
@@ -27,13 +25,12 @@ public:
     /// Created on first use, so that a test can set the services up before.
     AppState& state() {
         if (!m_state) {
-            m_policy.emplace(homeFolder, junkCatalogue(), bundles, running);
-            m_removal.emplace(homeFolder, calls);
-            m_records.emplace(historyFolder, calls);
-            m_history.emplace(*m_records, *m_removal);
-            m_state = std::make_unique<AppState>(
-                AppServices{homeFolder, volumes, probe, opener, preferences, *activePanels, *m_policy, clock,
-                            junkSearch, deletionRun, *m_history, scanWalk});
+            m_policy = std::make_unique<SafetyPolicy>(homeFolder, junkCatalogue(), bundles, running);
+            m_state = std::make_unique<AppState>(AppServices{
+                homeFolder, volumes, probe, opener, preferences, *activePanels, *m_policy, clock,
+                [this] { return junkSearch(); },
+                [this](const std::vector<DeletionRequest>& requests) { return deletionRun(requests); },
+                history, scanWalk});
         }
         return *m_state;
     }
@@ -51,22 +48,16 @@ public:
     FakeBundles bundles;
     FakeRunningApplications running;
     FakeStageClock clock;
-    FileSystemCalls calls;
-    TemporaryTree scratch;
-    std::string historyFolder = scratch.path("history");
     JunkSearch junkSearch = [] { return std::vector<JunkFinding>(); };
     DeletionRun deletionRun = [](const std::vector<DeletionRequest>&) { return ExecutedRun(); };
-
-    /// Once `state` has been called.
-    const SafetyPolicy& policy() const { return *m_policy; }
-    LinuxFileRemoval& removal() { return *m_removal; }
-    LinuxRecordStore& records() { return *m_records; }
+    TemporaryTree disk; ///< holds the history, and whatever a test restores
+    FileSystemCalls calls;
+    LinuxFileRemoval removal{disk.root(), calls};
+    LinuxRecordStore records{disk.path("history"), calls};
+    DeletionHistory history{records, removal};
 
 private:
-    std::optional<SafetyPolicy> m_policy;
-    std::optional<LinuxFileRemoval> m_removal;
-    std::optional<LinuxRecordStore> m_records;
-    std::optional<DeletionHistory> m_history;
+    std::unique_ptr<SafetyPolicy> m_policy;
     std::unique_ptr<AppState> m_state;
 };
 

@@ -70,6 +70,15 @@ bool isInFlickable(const QQuickItem* item) {
     return false;
 }
 
+/// While a sheet dims the window, only what stands above the page is to be read.
+bool isAbovePage(const QQuickItem* item) {
+    for (const QQuickItem* up = item; up != nullptr; up = up->parentItem()) {
+        if (up->inherits("QQuickOverlay"))
+            return true;
+    }
+    return false;
+}
+
 QString faultOf(const QQuickItem* text, const QRectF& window) {
     const QRectF box = sceneRect(text);
     const bool middle = text->property("elide").toInt() == Qt::ElideMiddle;
@@ -148,7 +157,13 @@ QStringList WindowDriver::layoutFaults() const {
     QStringList faults;
     QList<std::pair<QString, QRectF>> seen;
     const QRectF window(0, 0, m_window.width(), m_window.height());
-    for (const QQuickItem* item : visibleItems()) {
+    const QList<QQuickItem*> items = visibleItems();
+    const bool sheet = std::any_of(items.begin(), items.end(), [](QQuickItem* item) {
+        return accessibleRole(item) == QAccessible::Dialog;
+    });
+    for (const QQuickItem* item : items) {
+        if (sheet && !isAbovePage(item))
+            continue;
         const QString text = item->property("text").toString();
         if (!isText(item) || text.trimmed().isEmpty() || isScrolledAway(item))
             continue;

@@ -14,9 +14,15 @@ Stop section(AppSection section) {
     return {QString::fromStdString(raw), [section](BrimletApp& app) { app.state().setSection(section); }};
 }
 
-void scanHome(BrimletApp& app) {
-    app.state().closeAccessOnboarding();
+/// The whole machine takes long enough to be watched.
+void watchScan(BrimletApp& app) {
     app.state().scanWithoutAccess();
+    app.state().startScan(ScanTarget::wholeDisk());
+    waitUntil([&] { return app.state().progress().files > 0; });
+}
+
+void scanHome(BrimletApp& app) {
+    app.state().startScan(ScanTarget::home());
     waitUntil([&] { return !app.state().isScanning(); });
 }
 
@@ -99,16 +105,33 @@ std::vector<Stop> cleaningStops() {
     };
 }
 
+void showToast(BrimletApp& app) {
+    Toast toast;
+    toast.message = "Freed 1.2 GB";
+    toast.detail = "3 items were moved to the Trash.";
+    toast.undoable = {HistoryEntry{}};
+    app.state().setSection(AppSection::overview);
+    app.state().setToast(std::move(toast));
+}
+
+void openMenu(BrimletApp& app) {
+    app.state().setToast(std::nullopt);
+    QTest::keyClick(app.window().window(), Qt::Key_F10);
+}
+
 } // namespace
 
 std::vector<Stop> stops() {
     std::vector<Stop> list = {
         {"before-a-scan", [](BrimletApp& app) { app.state().setSection(AppSection::overview); }},
         {"access-sheet", [](BrimletApp& app) { app.state().startScan(ScanTarget::home()); }},
+        {"scanning", watchScan},
+        {"scanned", scanHome},
     };
-    list.push_back({"overview-first", [](BrimletApp& app) { scanHome(app); }});
     for (const AppSectionLook& row : allSections())
         list.push_back(section(row.section));
+    list.push_back({"notice", showToast});
+    list.push_back({"menu", openMenu});
     for (Stop& stop : cleaningStops())
         list.push_back(std::move(stop));
     return list;

@@ -24,14 +24,15 @@ struct Overloaded : Cases... {
 };
 
 Json jsonOf(const PreferenceValue& value) {
-    return std::visit(
-        Overloaded{
-            [](const std::string& text) { return jsonString(text); },
-            [](bool flag) { return Json(flag); },
-            [](std::int64_t number) { return Json(number); },
-            [](PreferenceDate date) { return Json{{dateKey, date.time_since_epoch().count()}}; },
-        },
-        value);
+    return std::visit(Overloaded{
+                          [](const std::string& text) { return jsonString(text); },
+                          [](bool flag) { return Json(flag); },
+                          [](std::int64_t number) { return Json(number); },
+                          [](PreferenceDate date) {
+                              return Json{{dateKey, date.time_since_epoch().count()}};
+                          },
+                      },
+                      value);
 }
 
 std::optional<PreferenceValue> valueOf(const Json& json) {

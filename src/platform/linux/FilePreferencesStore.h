@@ -4,8 +4,8 @@
 // as empty until then.
 #pragma once
 
-#include "json/Json.h"
 #include "platform/PreferencesStore.h"
+#include "json/Json.h"
 
 namespace brimlet {
 

@@ -12,7 +12,6 @@ namespace brimlet {
 namespace {
 constexpr int readFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK;
 constexpr int writeFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
-constexpr const char* linksFolder = "links";
 
 /// Whether a file is still what was seen of it before.
 bool isUnchanged(const FileStatus& before, const FileStatus& now) {
@@ -133,7 +132,8 @@ int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& st
     return isUnchanged(status, opened) ? 0 : -EBUSY;
 }
 
-// The first of several names is copied into a folder of its own; there all of them find it, however deep they are.
+// The first of several names is copied into a folder of its own; there all of them find it, however deep they
+// are.
 int TreeCopier::copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
                                const std::string& newName) {
     if (!m_links.isOpen()) {

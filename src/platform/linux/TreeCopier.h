@@ -19,12 +19,15 @@ namespace brimlet {
 
 class TreeCopier {
 public:
+    /// Made beside a copy that has hard links, to find them again; to be removed when the copy is complete.
+    static constexpr const char* linksFolder = "links";
+
     /// calls     must outlive the copier
     /// manifest  receives what has been copied; must outlive the copier
     TreeCopier(FileSystemCalls& calls, CopyManifest& manifest);
 
-    /// Copies the entry `name` of `parent` into the empty folder `target`, as `newName`. On an error what has been
-    /// copied so far is left there. A folder "links" may appear beside it and can go afterwards.
+    /// Copies the entry `name` of `parent` into the empty folder `target`, as `newName`. On an error what has
+    /// been copied so far is left there.
     Failure copy(int parent, const std::string& name, int target, const std::string& newName);
 
 private:

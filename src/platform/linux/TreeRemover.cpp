@@ -12,8 +12,8 @@ namespace brimlet {
 
 namespace {
 
-// File systems may leave out entries while a folder shrinks, and others may fill it: it is listed again, but not
-// for ever.
+// File systems may leave out entries while a folder shrinks, and others may fill it: it is listed again, but
+// not for ever.
 constexpr int mostPasses = 8;
 
 constexpr int otherDevice = -EXDEV; // stands for mountedInside()

@@ -10,7 +10,7 @@ Rectangle {
     required property int index
     required property string title
     required property string path
-    required property string symbol
+    required property bool directory
     required property real size
     required property int tick
     property bool focusShown: false
@@ -43,7 +43,8 @@ Rectangle {
         }
         FileIcon {
             size: Theme.iconLarge
-            symbol: row.symbol
+            directory: row.directory
+            path: row.path
         }
         AppText {
             Layout.fillWidth: true

@@ -14,7 +14,7 @@ Item {
     required property string name
     required property string reason
     required property string path
-    required property string symbol
+    required property bool directory
 
     implicitHeight: isHeading ? Theme.controlHeight + Theme.spaceS : Theme.planRowHeight
 
@@ -53,8 +53,9 @@ Item {
 
         FileIcon {
             size: Theme.iconButtonSize
-            symbol: row.symbol
+            directory: row.directory
             opacity: row.risk === 2 ? Theme.disabled : 1
+            path: row.path
         }
         ColumnLayout {
             Layout.fillWidth: true
