@@ -130,10 +130,10 @@ std::vector<Stop> stops() {
     };
     for (const AppSectionLook& row : allSections())
         list.push_back(section(row.section));
-    list.push_back({"notice", showToast});
-    list.push_back({"menu", openMenu});
     for (Stop& stop : cleaningStops())
         list.push_back(std::move(stop));
+    list.push_back({"notice", showToast});
+    list.push_back({"menu", openMenu});
     return list;
 }
 

@@ -4,22 +4,22 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Brimlet
 
-T.AbstractButton {
+T.CheckBox {
     id: control
 
     required property int tick ///< 0 off, 1 partly, 2 on
     property string name: text ///< for assistive tools
 
+    checkState: tick === 2 ? Qt.Checked : tick === 1 ? Qt.PartiallyChecked : Qt.Unchecked
     focusPolicy: Qt.StrongFocus
     implicitHeight: Math.max(Theme.iconLarge, implicitContentHeight)
     implicitWidth: implicitContentWidth
+    nextCheckState: () => checkState
     opacity: enabled ? 1 : Theme.disabled
+    tristate: true
 
     Accessible.name: name
     Accessible.role: Accessible.CheckBox
-    Accessible.checkable: true
-    Accessible.checkStateMixed: tick === 1
-    Accessible.checked: tick === 2
     Accessible.onPressAction: control.clicked()
     Accessible.onToggleAction: control.clicked()
 
