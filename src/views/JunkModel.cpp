@@ -2,6 +2,7 @@
 
 #include "app/Formats.h"
 #include "app/Texts.h"
+#include "core/FileKind.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
 
@@ -206,6 +207,8 @@ QVariant JunkModel::itemData(const Row& row, int role) const {
         return shownText(lastPathComponent(item.path));
     case size:
         return qint64{item.size};
+    case directory:
+        return fileKindForName(lastPathComponent(item.path)) == FileKind::other; // most junk is folders
     case tick:
         return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
     case path:
@@ -218,7 +221,8 @@ QVariant JunkModel::itemData(const Row& row, int role) const {
 QHash<int, QByteArray> JunkModel::roleNames() const {
     return {{kind, "kind"},     {title, "title"},     {detail, "detail"},     {symbol, "symbol"},
             {size, "size"},     {count, "count"},     {risk, "risk"},         {removal, "removal"},
-            {tick, "tick"},     {path, "path"},       {expanded, "expanded"}};
+            {tick, "tick"},     {path, "path"},       {expanded, "expanded"},
+            {directory, "directory"}};
 }
 
 } // namespace brimlet

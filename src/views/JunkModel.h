@@ -20,8 +20,8 @@ class JunkModel : public QAbstractListModel {
     QML_ELEMENT
 
     Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
-    Q_PROPERTY(qint64 selectedCount READ selectedCount NOTIFY selectionChanged)
-    Q_PROPERTY(qint64 selectedSize READ selectedSize NOTIFY selectionChanged)
+    Q_PROPERTY(double selectedCount READ selectedCount NOTIFY selectionChanged)
+    Q_PROPERTY(double selectedSize READ selectedSize NOTIFY selectionChanged)
 
 public:
     /// `kind` is "group", "rule", "item" or "more"; a row fills the roles that its kind needs.
@@ -38,6 +38,7 @@ public:
         expanded,
         tick,
         path,
+        directory,
     };
 
     /// How many items of a rule are listed.

@@ -1,6 +1,7 @@
 #include "views/PlanModel.h"
 
 #include "app/Texts.h"
+#include "core/FileKind.h"
 #include "core/Paths.h"
 
 #include <algorithm>
@@ -137,6 +138,8 @@ QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
     case reason:
     case path:
         return QString();
+    case directory:
+        return false;
     default:
         return {};
     }
@@ -155,6 +158,8 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
         return shownText(item.verdict.reason);
     case path:
         return shownText(displayPath(item.path, m_state ? m_state->homeFolder() : std::string()));
+    case directory:
+        return fileKindForName(item.name) == FileKind::other; // most junk is folders
     default:
         return {};
     }
@@ -162,7 +167,7 @@ QVariant PlanModel::itemData(const PlanItem& item, int role) const {
 
 QHash<int, QByteArray> PlanModel::roleNames() const {
     return {{isHeading, "isHeading"}, {risk, "risk"},     {count, "count"}, {size, "size"},
-            {name, "name"},           {reason, "reason"}, {path, "path"}};
+            {name, "name"},           {reason, "reason"}, {path, "path"},   {directory, "directory"}};
 }
 
 } // namespace brimlet

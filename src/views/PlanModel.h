@@ -24,13 +24,13 @@ class PlanModel : public QAbstractListModel {
     Q_PROPERTY(QString reviewConsent READ reviewConsent NOTIFY planChanged)
     Q_PROPERTY(QString protectedNote READ protectedNote NOTIFY planChanged)
     Q_PROPERTY(bool acceptedReview READ acceptedReview WRITE setAcceptedReview NOTIFY acceptedReviewChanged)
-    Q_PROPERTY(qint64 total READ total NOTIFY acceptedReviewChanged)
+    Q_PROPERTY(double total READ total NOTIFY acceptedReviewChanged)
     Q_PROPERTY(bool canDelete READ canDelete NOTIFY acceptedReviewChanged)
     Q_PROPERTY(QString deleteLabel READ deleteLabel NOTIFY explanationChanged)
 
 public:
     /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is a Risk.
-    enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path };
+    enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path, directory };
 
     explicit PlanModel(QObject* parent = nullptr);
 

@@ -17,7 +17,7 @@ class ReviewRule {
     Q_PROPERTY(QString ruleId MEMBER ruleId CONSTANT)
     Q_PROPERTY(QString title MEMBER title CONSTANT)
     Q_PROPERTY(QString explanation MEMBER explanation CONSTANT)
-    Q_PROPERTY(qint64 total MEMBER total CONSTANT)
+    Q_PROPERTY(double total MEMBER total CONSTANT)
 
 public:
     QString ruleId;

@@ -17,7 +17,9 @@ namespace brimlet::test {
 
 class TestApp {
 public:
-    TestApp() = default;
+    /// `shared` is the disk of another TestApp, as after a restart.
+    explicit TestApp(std::shared_ptr<TemporaryTree> shared = std::make_shared<TemporaryTree>())
+        : sharedDisk(std::move(shared)) {}
     ~TestApp() { walks.releaseAll(); }
     TestApp(const TestApp&) = delete;
     TestApp& operator=(const TestApp&) = delete;
@@ -50,7 +52,8 @@ public:
     FakeStageClock clock;
     JunkSearch junkSearch = [] { return std::vector<JunkFinding>(); };
     DeletionRun deletionRun = [](const std::vector<DeletionRequest>&) { return ExecutedRun(); };
-    TemporaryTree disk; ///< holds the history, and whatever a test restores
+    std::shared_ptr<TemporaryTree> sharedDisk;
+    TemporaryTree& disk = *sharedDisk; ///< holds the history, and whatever a test restores
     FileSystemCalls calls;
     LinuxFileRemoval removal{disk.root(), calls};
     LinuxRecordStore records{disk.path("history"), calls};
