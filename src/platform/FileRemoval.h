@@ -1,14 +1,18 @@
 // The only interface that can remove or move a user's files. It is handed to safety/ and to nothing else.
 //
 // Invariants of every implementation:
-// 1. Work is done relative to the folder that `pin` opened. No path is resolved a second time, so an entry that
+// 1. Work is done relative to the folder that `pin` opened. No path is resolved a second time, so an entry
+// that
 //    was judged is the entry that goes, wherever links are swapped meanwhile.
-// 2. No symbolic link is followed below a pinned entry, and no mount point is crossed: a link goes as a link, a
+// 2. No symbolic link is followed below a pinned entry, and no mount point is crossed: a link goes as a link,
+// a
 //    folder with another disk mounted in it is reported.
-// 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it; what
+// 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it;
+// what
 //    could not be removed afterwards returns to its place and is reported.
 // 4. Nothing is ever overwritten: every rename that gives something a name is exclusive.
-// 5. What is moved to another device is copied completely and synced before its original leaves its place, and
+// 5. What is moved to another device is copied completely and synced before its original leaves its place,
+// and
 //    nothing that is not in the copy is removed from the original.
 // 6. Before the first rename the caller is told where the entry goes; if the caller cannot note that down,
 //    nothing happens.
@@ -40,14 +44,14 @@ public:
 
 /// What is about to happen to an entry: enough to find it again after a crash.
 struct PlannedMove {
-    std::string destination; ///< where it will be; empty while only scratch is about to be made
-    FileIdentity identity;   ///< of what will be at `destination`
+    std::string destination;          ///< where it will be; empty while only scratch is about to be made
+    FileIdentity identity;            ///< of what will be at `destination`
     std::vector<std::string> scratch; ///< entries of ours that must be gone when the move is over
     std::string setAside; ///< what the original is called until its copy is known to hold all of it, or empty
 };
 
-/// Told before anything is renamed or made; an error given back stops the move with nothing changed. Told again
-/// when the destination had to change; the last one counts.
+/// Told before anything is renamed or made; an error given back stops the move with nothing changed. Told
+/// again when the destination had to change; the last one counts.
 using BeforeMove = std::function<Failure(const PlannedMove&)>;
 
 struct TrashArrival {
@@ -59,8 +63,8 @@ class FileRemoval {
 public:
     virtual ~FileRemoval() = default;
 
-    /// Opens the folder that contains an entry. A relative path, one with "." or ".." in it or with a NUL byte is
-    /// refused.
+    /// Opens the folder that contains an entry. A relative path, one with "." or ".." in it or with a NUL
+    /// byte is refused.
     virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path) = 0;
 
     /// Removes a file or a folder with all that is in it. On an error what is left is in its place.
@@ -69,8 +73,8 @@ public:
     /// Moves an entry into the user's Trash under its name or, when that is taken, under a free one.
     virtual Result<TrashArrival> moveToTrash(const PinnedEntry& entry, const BeforeMove& before) = 0;
 
-    /// Moves what lies directly in the user's Trash to `originalPath`, whose missing parents are made. Fails when
-    /// anything is there.
+    /// Moves what lies directly in the user's Trash to `originalPath`, whose missing parents are made. Fails
+    /// when anything is there.
     virtual Failure moveBack(std::string_view trashPath, std::string_view originalPath,
                              const BeforeMove& before) = 0;
 
@@ -81,8 +85,8 @@ public:
     /// counts as done.
     virtual Failure removeScratch(std::string_view path) = 0;
 
-    /// Gives an original that an interrupted move left set aside its name back, unless that is taken. Only what
-    /// bears a scratch name is touched; gone already counts as done.
+    /// Gives an original that an interrupted move left set aside its name back, unless that is taken. Only
+    /// what bears a scratch name is touched; gone already counts as done.
     virtual Failure returnToPlace(std::string_view setAside, std::string_view originalPath) = 0;
 };
 

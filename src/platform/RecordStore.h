@@ -1,7 +1,8 @@
 // A folder of the application's own small files, written so that a crash leaves each the old or the new one.
 //
-// The folder is the store's alone; names are plain file names. Processes exclude each other through lock(). A log
-// belongs to the process that made it for as long as that lives. Callable from any thread; blocks on the disk.
+// The folder is the store's alone; names are plain file names. Processes exclude each other through lock(). A
+// log belongs to the process that made it for as long as that lives. Callable from any thread; blocks on the
+// disk.
 #pragma once
 
 #include "platform/Result.h"

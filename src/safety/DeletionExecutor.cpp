@@ -10,7 +10,7 @@ namespace {
 constexpr int noSuchFile = 4;
 constexpr int noReadPermission = 257;
 constexpr int noWritePermission = 513;
-constexpr int notPermitted = 1; // EPERM, everywhere
+constexpr int notPermitted = 1;  // EPERM, everywhere
 constexpr int accessDenied = 13; // EACCES, everywhere
 
 bool isCocoa(const PlatformError& error, int code) {
@@ -62,7 +62,8 @@ void DeletionExecutor::carryOut(const DeletionRequest& request, ExecutedRun& run
         refuse(run.report.failures, reason(*failure));
 }
 
-/// Removes one entry and records that. An error with an entry recorded tells of what the original left behind.
+/// Removes one entry and records that. An error with an entry recorded tells of what the original left
+/// behind.
 Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEntry& pinned,
                                   ExecutedRun& run) {
     HistoryEntry entry;

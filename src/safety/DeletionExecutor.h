@@ -1,11 +1,13 @@
 // Carries out deletion requests: the one way by which a file leaves its place.
 //
 // Invariants:
-// 1. Every request is judged afresh, by its path as given and by the path without links that it leads to; what
+// 1. Every request is judged afresh, by its path as given and by the path without links that it leads to;
+// what
 //    either verdict protects is not touched. The folder that was judged is the folder that is worked in.
-// 2. Requests are done one at a time, in order, and none ends the run: each is in `deletedPaths`, in `failures` or
-//    in `skippedProtected`. One whose copy is in the Trash while part of the original would not go is in the first
-//    two.
+// 2. Requests are done one at a time, in order, and none ends the run: each is in `deletedPaths`, in
+// `failures` or
+//    in `skippedProtected`. One whose copy is in the Trash while part of the original would not go is in the
+//    first two.
 // 3. Nothing is moved to the Trash before the way back is on the disk (RunJournal).
 // Blocks on the disk; called off the interface thread. Several runs may go on side by side.
 #pragma once
@@ -22,8 +24,8 @@
 
 namespace brimlet {
 
-/// What a run gives back: its report, one new entry for each of `deletedPaths` in the same order, and the journal
-/// that DeletionHistory::record ends. If it never gets there, the next start completes the entries.
+/// What a run gives back: its report, one new entry for each of `deletedPaths` in the same order, and the
+/// journal that DeletionHistory::record ends. If it never gets there, the next start completes the entries.
 struct ExecutedRun {
     DeletionReport report;
     std::vector<HistoryEntry> entries;

@@ -1,12 +1,16 @@
 // The log of everything that was deleted, and the way back from the Trash.
 //
 // One file, "history.json", read at creation and replaced as a whole after every change. Invariants:
-// 1. The file is always the old list or the new one. A file that doesn't decode is kept beside it before the first
+// 1. The file is always the old list or the new one. A file that doesn't decode is kept beside it before the
+// first
 //    write ("history.damaged-<date>.json").
-// 2. Other processes' entries survive: each write happens under the store's lock and merges what the file holds.
-// 3. A failed write changes neither the list in memory nor the disk, and the journals stay, so that the next start
+// 2. Other processes' entries survive: each write happens under the store's lock and merges what the file
+// holds.
+// 3. A failed write changes neither the list in memory nor the disk, and the journals stay, so that the next
+// start
 //    completes what is missing.
-// 4. Creation completes what runs that died had begun: an entry whose item has arrived at its noted place with its
+// 4. Creation completes what runs that died had begun: an entry whose item has arrived at its noted place
+// with its
 //    noted identity is added, others are dropped, scratch is removed.
 // One thread at a time; blocks on the disk.
 #pragma once
@@ -21,6 +25,10 @@
 #include <vector>
 
 namespace brimlet {
+
+/// Where the application and the command line keep the history: "Library/Application Support/Brimlet" of the
+/// home folder.
+std::string historyFolder(const std::string& homeFolder);
 
 class DeletionHistory {
 public:
@@ -39,11 +47,14 @@ public:
     /// Appends what a run removed, and ends its journal when that is written.
     bool record(const ExecutedRun& run);
 
+    /// Whether an entry's item is still in the Trash, was not put back, and has its place free. Looks at the disk.
+    bool canRestore(const HistoryEntry& entry) const;
+
     /// Moves one entry's item back to where it was. An entry without a place in the Trash counts as done.
     Failure restore(const HistoryEntry& entry);
 
-    /// Like restore, but first refuses an entry that was restored, was deleted for good, has left the Trash, or whose
-    /// place is taken.
+    /// Like restore, but first refuses an entry that was restored, was deleted for good, has left the Trash,
+    /// or whose place is taken.
     Failure restoreIfPossible(const HistoryEntry& entry);
 
     /// Forgets all entries, and saves. What is in the Trash stays there.
@@ -53,15 +64,24 @@ public:
     bool save();
 
 private:
-    std::optional<std::vector<HistoryEntry>> readFile();
+    enum class FileState { missing, whole, damaged }; ///< damaged: can't be read, or doesn't decode
+    struct File {
+        FileState state = FileState::missing;
+        std::vector<HistoryEntry> entries;
+    };
+
+    File readFile();
     bool keepDamagedFile();
     void recover();
+    bool isThere(const std::string& path) const;
     void markRestored(const Uuid& id);
+    void applyRestored(std::vector<HistoryEntry>& entries) const;
 
     RecordStore& m_store;
     FileRemoval& m_removal;
     std::vector<HistoryEntry> m_entries;
-    UuidSet m_base; ///< the identifiers in the file when it was last read or written
+    UuidSet m_base;     ///< the identifiers in the file when it was last read or written
+    UuidSet m_restored; ///< what this process has put back
 };
 
 } // namespace brimlet

@@ -1,5 +1,5 @@
-// From what the user selected to what the executor is told, and from its report to what the user is told. Pure
-// functions; callable from any thread.
+// From what the user selected to what the executor is told, and from its report to what the user is told.
+// Pure functions; callable from any thread.
 #pragma once
 
 #include "safety/DeletionRecords.h"
@@ -20,8 +20,8 @@ enum class ReviewItems { leaveOut, include };
 /// Whether items are removed as their plan says, or all at once.
 enum class RemovalPreference { asPlanned, permanent };
 
-/// The requests that carry out a plan. Items that are protected, or that need a look and were not accepted, are
-/// left out.
+/// The requests that carry out a plan. Items that are protected, or that need a look and were not accepted,
+/// are left out.
 std::vector<DeletionRequest> requestsOf(const DeletionPlan& plan, ReviewItems review,
                                         RemovalPreference preference);
 

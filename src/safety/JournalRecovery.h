@@ -38,7 +38,8 @@ private:
 
     RecordStore& m_store;
     FileRemoval& m_removal;
-    std::vector<std::pair<std::string, std::unique_ptr<RecordLog>>> m_finished; ///< kept locked until forgotten
+    std::vector<std::pair<std::string, std::unique_ptr<RecordLog>>>
+        m_finished; ///< kept locked until forgotten
 };
 
 } // namespace brimlet

@@ -86,9 +86,9 @@ void NodeActions::remove() {
     }
     m_work.run(
         [scan = m_scan, nodes = m_nodes, &policy = m_state->policy()] { return planItems(nodes, policy); },
-        [state = m_state, title](std::vector<PlanItem> items) {
+        [state = m_state, title](const std::vector<PlanItem>& items) {
             if (state)
-                state->proposePlan(std::move(items), title);
+                state->proposePlan(items, title);
         });
 }
 

@@ -102,6 +102,16 @@ TEST(AppState, changedPreferencesAreStoredAndPublished) {
     EXPECT_EQ(permanent.count(), 1);
 }
 
+TEST(AppState, excludedFoldersAreKeptWithoutTheVolumesPrefix) {
+    TestApp app;
+    app.state().excludeFolder("/System/Volumes/Data/Users/sam/Big");
+    app.state().excludeFolder("/Users/sam/Other");
+    EXPECT_EQ(app.preferences.values["excludedPaths"],
+              PreferenceValue(std::string("/Users/sam/Big\n/Users/sam/Other")));
+    app.state().includeFolderAgain(0);
+    EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
+}
+
 TEST(AppState, removingNothingChangesNothing) {
     TestApp app;
     QSignalSpy revision(&app.state(), &AppState::revisionChanged);

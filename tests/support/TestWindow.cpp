@@ -2,8 +2,6 @@
 
 #include "app/Translation.h"
 
-#include <gtest/gtest.h>
-#include <QApplication>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QTest>
@@ -45,8 +43,7 @@ void TestWindow::resize(int width, int height) {
     handleEvents();
 }
 
-int runWindowTests(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
+void prepareWindowTests() {
     for (const auto& [name, value] :
          {std::pair("QT_QPA_PLATFORM", "offscreen"), {"QT_QUICK_BACKEND", "software"}}) {
         if (!qEnvironmentVariableIsSet(name))
@@ -55,11 +52,12 @@ int runWindowTests(int argc, char** argv) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     qInstallMessageHandler(failOnWarnings);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const QApplication application(argc, argv);
+}
+
+void prepareWindow() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     addPackedFonts();
     connectTranslations();
-    return RUN_ALL_TESTS();
 }
 
 } // namespace brimlet::test

@@ -1,11 +1,7 @@
 // Where the tour stops. A new screen, or a new state of one, is a few lines here.
 #include "app/AppSection.h"
-#include "support/TestApp.h"
-#include "support/WindowDriver.h"
 #include "tour/Tour.h"
 
-#include <cmath>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
@@ -13,100 +9,133 @@ namespace brimlet::test {
 
 namespace {
 
-using Act = std::function<void(BrimletApp&)>;
-
-QQuickWindow& windowOf(BrimletApp& app) {
-    return *app.window().window();
+Stop section(AppSection section) {
+    const std::string raw(look(section).rawValue);
+    return {QString::fromStdString(raw), [section](BrimletApp& app) { app.state().setSection(section); }};
 }
 
-Act section(AppSection section) {
-    return [section](BrimletApp& app) { app.state().setSection(section); };
-}
-
-Act press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    return [=](BrimletApp& app) { QTest::keyClick(&windowOf(app), key, modifiers); };
-}
-
-Act click(const QString& name, QAccessible::Role role = QAccessible::NoRole) {
-    return [=](BrimletApp& app) { WindowDriver(windowOf(app)).click(name, role); };
-}
-
-/// Points at a place of the map, told from its centre in rings and in turns from twelve o'clock.
-Act pointAtMap(double rings, double turn) {
-    return [=](BrimletApp& app) {
-        const QQuickItem* map = WindowDriver(windowOf(app)).find(QStringLiteral("Map of sam"));
-        if (map == nullptr)
-            return;
-        const double distance = rings * map->property("ringWidth").toDouble();
-        const QPointF place(map->width() / 2 + distance * std::sin(turn * 2 * M_PI),
-                            map->height() / 2 - distance * std::cos(turn * 2 * M_PI));
-        QTest::mouseMove(&windowOf(app), map->mapToScene(place).toPoint());
-    };
+/// The whole machine takes long enough to be watched.
+void watchScan(BrimletApp& app) {
+    app.state().scanWithoutAccess();
+    app.state().startScan(ScanTarget::wholeDisk());
+    waitUntil([&] { return app.state().progress().files > 0; });
 }
 
 void scanHome(BrimletApp& app) {
-    app.state().closeAccessOnboarding();
-    app.state().scanWithoutAccess();
+    app.state().startScan(ScanTarget::home());
     waitUntil([&] { return !app.state().isScanning(); });
 }
 
-void addFileLists(std::vector<Stop>& list) {
-    list.push_back({"large-selection", section(AppSection::large)});
-    list.back().act = [](BrimletApp& app) {
-        app.state().setSection(AppSection::large);
-        handleEvents();
-        WindowDriver driver(windowOf(app));
-        driver.click(QStringLiteral("Video"));
-        driver.click(QStringLiteral("Archives"));
-        QQuickItem* row = driver.find(QStringLiteral("Holiday 2023.mov, 335.5 MB"));
-        if (row != nullptr)
-            driver.click(accessibleName(row));
-        press(Qt::Key_Down, Qt::ShiftModifier)(app);
-        press(Qt::Key_Down, Qt::ShiftModifier)(app);
-    };
-    list.push_back({"large-preview", press(Qt::Key_Space)});
-    list.push_back({"large-menu", [](BrimletApp& app) {
-                        press(Qt::Key_Space)(app);
-                        QTest::qWait(200);
-                        press(Qt::Key_Menu)(app);
-                    }});
-    list.push_back({"large-nothing-found", [](BrimletApp& app) {
-                        press(Qt::Key_Escape)(app);
-                        FileFilter filter;
-                        filter.query = "no such file";
-                        filter.pathPrefix = app.state().homeFolder() + "/Downloads/";
-                        app.state().setLargeFilter(filter);
-                    }});
+void quickScan(BrimletApp& app) {
+    app.state().setSection(AppSection::smartClean);
+    app.state().setSmartPhase(SmartPhase::scanning);
+    app.state().startSmartScan();
 }
 
-void addExplorer(std::vector<Stop>& list) {
-    list.push_back({"explorer-map", [](BrimletApp& app) {
-                        app.state().setLargeFilter({});
-                        app.state().setSection(AppSection::explorer);
-                        handleEvents();
-                        click(QStringLiteral("Map"))(app);
-                    }});
-    list.push_back({"explorer-map-hovered", pointAtMap(2.5, 0.1)});
-    list.push_back({"explorer-folder", [](BrimletApp& app) {
-                        click(QStringLiteral("List"))(app);
-                        FileNode* downloads =
-                            app.state().scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
-                        app.state().setExplorerStack({app.state().scan()->root, downloads});
-                    }});
+/// Rows of all three risks: caches, installers, and a folder that stays.
+void proposeMixedPlan(BrimletApp& app) {
+    std::vector<ChosenJunk> chosen;
+    for (const JunkFinding& finding : app.state().junk()) {
+        if (finding.rule.id != "user-caches" && finding.rule.id != "old-installers")
+            continue;
+        for (const JunkItem& item : finding.items)
+            chosen.push_back({item, finding.rule.removal});
+    }
+    const std::string& home = app.state().homeFolder();
+    for (const char* folder : {"/Documents", "/.Trash"})
+        chosen.push_back({{home + folder, "", 0, 0, {}}, Removal::trash});
+    app.state().proposeJunkPlan(std::move(chosen));
+    waitUntil([&] { return app.state().plan().has_value(); });
+}
+
+/// Also leaves one failure behind: a path that is not there any more.
+void cleanInstallers(BrimletApp& app) {
+    DeletionPlan plan = *app.state().plan();
+    std::erase_if(plan.items, [](const PlanItem& item) { return item.verdict.risk != Risk::review; });
+    PlanItem gone = plan.items.front();
+    gone.path += ".moved";
+    plan.items.push_back(gone);
+    app.state().executePlan(plan, ReviewItems::include);
+    waitUntil([&] { return app.state().toast().has_value(); });
+}
+
+void restoreNewest(BrimletApp& app) {
+    app.state().setToast(std::nullopt);
+    app.state().restoreEntry(app.state().history().entries().front());
+    app.state().setSection(AppSection::history);
+}
+
+/// Presses a key in the window as its user would.
+void press(BrimletApp& app, Qt::Key key, int times = 1) {
+    for (int i = 0; i < times; ++i)
+        QTest::keyClick(app.window().window(), key);
+}
+
+std::vector<Stop> cleaningStops() {
+    return {
+        {"quick-clean-idle", [](BrimletApp& app) { app.state().setSection(AppSection::smartClean); }},
+        {"quick-clean-scanning", quickScan},
+        {"quick-clean-review",
+         [](BrimletApp& app) { waitUntil([&] { return app.state().smartPhase() == SmartPhase::review; }); }},
+        {"junk",
+         [](BrimletApp& app) {
+             app.state().setSection(AppSection::junk);
+             waitUntil([&] { return !app.state().junkLoading(); });
+         }},
+        {"junk-opened-and-selected",
+         [](BrimletApp& app) {
+             press(app, Qt::Key_Tab, 5);
+             press(app, Qt::Key_Down);
+             press(app, Qt::Key_Space);
+             press(app, Qt::Key_Right);
+             press(app, Qt::Key_Down, 2);
+             press(app, Qt::Key_Space);
+         }},
+        {"confirmation", proposeMixedPlan},
+        {"undo-notice", cleanInstallers},
+        {"history-with-failures", restoreNewest},
+        {"quick-clean-cleaning",
+         [](BrimletApp& app) {
+             app.state().setSection(AppSection::smartClean);
+             app.state().startSmartClean();
+         }},
+        {"quick-clean-done",
+         [](BrimletApp& app) { waitUntil([&] { return app.state().smartPhase() == SmartPhase::done; }); }},
+        {"history", [](BrimletApp& app) { app.state().setSection(AppSection::history); }},
+    };
+}
+
+void showToast(BrimletApp& app) {
+    Toast toast;
+    toast.message = "Freed 1.2 GB";
+    toast.detail = "3 items were moved to the Trash.";
+    toast.undoable = {HistoryEntry{}};
+    app.state().setSection(AppSection::overview);
+    app.state().setToast(std::move(toast));
+}
+
+void openMenu(BrimletApp& app) {
+    app.state().setToast(std::nullopt);
+    QTest::keyClick(app.window().window(), Qt::Key_F10);
 }
 
 } // namespace
 
 std::vector<Stop> stops() {
     std::vector<Stop> list = {
-        {"before-a-scan", section(AppSection::overview)},
+        {"before-a-scan", [](BrimletApp& app) { app.state().setSection(AppSection::overview); }},
         {"access-sheet", [](BrimletApp& app) { app.state().startScan(ScanTarget::home()); }},
+        {"scanning", watchScan},
+        {"scanned", scanHome},
     };
-    list.push_back({"overview-first", scanHome});
     for (const AppSectionLook& row : allSections())
-        list.push_back({QString::fromStdString(std::string(row.rawValue)), section(row.section)});
-    addFileLists(list);
-    addExplorer(list);
+        list.push_back(section(row.section));
+    for (Stop& stop : fileStops())
+        list.push_back(std::move(stop));
+    for (Stop& stop : cleaningStops())
+        list.push_back(std::move(stop));
+    list.push_back({"notice", showToast});
+    list.push_back({"menu", openMenu});
     return list;
 }
 

@@ -19,6 +19,9 @@ struct Stop {
 /// All stops, in the order of the walk. Those before `scanned` see no scan.
 std::vector<Stop> stops();
 
+/// Those at the screens of files and folders.
+std::vector<Stop> fileStops();
+
 class Tour {
 public:
     /// Pictures go to `folder`, as "<number>-<name>-<theme>.png".

@@ -76,8 +76,7 @@ Result<std::string> EntryMove::place(int folder, const std::string& name, Planne
         plan.destination = targetPath(*newName);
         if (auto refused = m_before(plan))
             return std::move(*refused);
-        const int result =
-            renameExclusively(m_calls, folder, name, m_target.folder.number(), *newName);
+        const int result = renameExclusively(m_calls, folder, name, m_target.folder.number(), *newName);
         if (result == 0)
             return chosen;
         if (result != -EEXIST || m_choice == NameChoice::exact)
@@ -123,6 +122,10 @@ Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest,
     TreeCopier copier(m_calls, manifest);
     if (auto failure = copier.copy(m_source.parent.folder.number(), m_source.name, scratch, copyName))
         return std::move(*failure);
+    // What served to find hard links goes before the copy counts as complete.
+    if (auto failure = TreeRemover(m_calls).remove(scratch, TreeCopier::linksFolder);
+        failure && failure != Failure(errorFromErrno(ENOENT)))
+        return std::move(*failure);
     FileStatus copy;
     int result = m_calls.status(scratch, copyName, copy);
     if (result == 0)
@@ -141,9 +144,7 @@ Failure EntryMove::setOriginalAside(int scratch, const std::string& placed, cons
         result = renameExclusively(m_calls, folder, m_source.name, folder, aside);
     if (result == 0)
         return std::nullopt;
-    twice([&] {
-        return renameExclusively(m_calls, m_target.folder.number(), placed, scratch, copyName);
-    });
+    twice([&] { return renameExclusively(m_calls, m_target.folder.number(), placed, scratch, copyName); });
     return errorFromErrno(-result);
 }
 

@@ -1,8 +1,9 @@
 // One entry's way to another folder: a rename where that is possible, else a complete copy that replaces it.
 //
-// Across devices: copy under a scratch name in the target folder; sync; give the copy its name; set the original
-// aside by one rename; remove it, but nothing of it that the copy doesn't hold. An error before the original is set
-// aside undoes the copy. An error after that leaves what is left of the original in its place, and the copy.
+// Across devices: copy under a scratch name in the target folder; sync; give the copy its name; set the
+// original aside by one rename; remove it, but nothing of it that the copy doesn't hold. An error before the
+// original is set aside undoes the copy. An error after that leaves what is left of the original in its
+// place, and the copy.
 #pragma once
 
 #include "platform/FileRemoval.h"
@@ -48,11 +49,12 @@ private:
     unsigned m_number = 1;
 };
 
-/// The identity of a file: its inode and the moment of its birth, which together outlast renames and restarts.
+/// The identity of a file: its inode and the moment of its birth, which together outlast renames and
+/// restarts.
 FileIdentity identityOf(const FileStatus& status);
 
-/// Moves an entry that was set aside back to its name in the same folder. Tries twice, since what it mends must not
-/// fail for a passing error.
+/// Moves an entry that was set aside back to its name in the same folder. Tries twice, since what it mends
+/// must not fail for a passing error.
 int returnToName(FileSystemCalls& calls, int folder, const std::string& aside, const std::string& name);
 
 } // namespace brimlet

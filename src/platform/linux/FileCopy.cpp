@@ -111,8 +111,8 @@ int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes) {
 }
 
 int copyMetadata(FileSystemCalls& calls, int from, const FileStatus& original, int to) {
-    // Attributes may need write permission, so they come before the mode; an access list may change the mode, so
-    // the mode comes after them.
+    // Attributes may need write permission, so they come before the mode; an access list may change the mode,
+    // so the mode comes after them.
     int result = copyAttributes(calls, from, to);
     if (result == 0)
         result = setOwnerAndMode(calls, original, to);

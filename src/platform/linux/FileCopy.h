@@ -9,8 +9,8 @@ namespace brimlet {
 int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes);
 
 /// Gives a copy its original's owner, extended attributes, mode and times, in an order in which none undoes
-/// another. An owner that may not be set is left, and set-user-id with it; so are attributes that only the system
-/// sets.
+/// another. An owner that may not be set is left, and set-user-id with it; so are attributes that only the
+/// system sets.
 int copyMetadata(FileSystemCalls& calls, int from, const FileStatus& original, int to);
 
 /// Owner and times of an entry that can't be opened: a link or a special file.

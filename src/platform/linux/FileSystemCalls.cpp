@@ -98,7 +98,7 @@ int FileSystemCalls::unlink(int folder, const char* name, int flags) {
 
 int FileSystemCalls::rename(int folder, const char* name, int newFolder, const char* newName,
                             unsigned flags) {
-    return perform({"rename", true, folder, name, newFolder, newName},
+    return perform({"rename", true, folder, name, newFolder, newName, flags},
                    [=] { return ::renameat2(folder, name, newFolder, newName, flags); });
 }
 
@@ -138,8 +138,7 @@ ssize_t FileSystemCalls::writeAt(int file, const char* bytes, std::size_t count,
 }
 
 std::int64_t FileSystemCalls::seek(int file, std::int64_t offset, int whence) {
-    return perform({"seek", false, file},
-                   [=]() -> std::int64_t { return ::lseek(file, offset, whence); });
+    return perform({"seek", false, file}, [=]() -> std::int64_t { return ::lseek(file, offset, whence); });
 }
 
 int FileSystemCalls::truncate(int file, std::int64_t bytes) {

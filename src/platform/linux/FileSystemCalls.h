@@ -37,12 +37,13 @@ struct FileStatus {
 
 /// One call that is about to be made.
 struct SystemCall {
-    const char* call;             ///< the function's name below
-    bool changes;                 ///< whether it can change a file
-    int folder;                   ///< the descriptor worked on, or relative to which `name` is taken
-    const char* name = "";        ///< empty when the descriptor itself is worked on
-    int secondFolder = -1;        ///< of a rename or link: the new place
+    const char* call;      ///< the function's name below
+    bool changes;          ///< whether it can change a file
+    int folder;            ///< the descriptor worked on, or relative to which `name` is taken
+    const char* name = ""; ///< empty when the descriptor itself is worked on
+    int secondFolder = -1; ///< of a rename or link: the new place
     const char* secondName = "";
+    unsigned flags = 0; ///< of a rename
 };
 
 class FileSystemCalls {

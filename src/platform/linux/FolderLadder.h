@@ -1,7 +1,8 @@
 // The open folders on the way down a tree of any depth, with a bounded number of descriptors.
 //
-// Only the deepest folders stay open. One that was closed is opened again through ".." of the folder below it, and
-// only if that still leads to the very folder that was left: a folder that was moved away meanwhile ends the walk.
+// Only the deepest folders stay open. One that was closed is opened again through ".." of the folder below
+// it, and only if that still leads to the very folder that was left: a folder that was moved away meanwhile
+// ends the walk.
 #pragma once
 
 #include "platform/linux/Descriptor.h"

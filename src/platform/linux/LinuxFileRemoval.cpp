@@ -62,8 +62,8 @@ Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path
     return std::make_unique<LinuxPinnedEntry>(valueOf(std::move(entry)));
 }
 
-// A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing has been
-// lost; when the process dies, the rest is found under the noted name.
+// A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing
+// has been lost; when the process dies, the rest is found under the noted name.
 Failure LinuxFileRemoval::remove(const PinnedEntry& pinned, const BeforeMove& before) {
     const WalkedEntry& entry = walked(pinned);
     const int folder = entry.parent.folder.number();
@@ -128,8 +128,7 @@ Result<std::optional<FileIdentity>> LinuxFileRemoval::identity(std::string_view 
         return *error;
     const auto& walkedEntry = *std::get_if<WalkedEntry>(&entry);
     FileStatus status;
-    const int result =
-        m_calls.status(walkedEntry.parent.folder.number(), walkedEntry.name.c_str(), status);
+    const int result = m_calls.status(walkedEntry.parent.folder.number(), walkedEntry.name.c_str(), status);
     if (result == -ENOENT)
         return std::nullopt;
     if (result < 0)

@@ -125,9 +125,8 @@ Failure LinuxRecordStore::replace(std::string_view name, std::string_view bytes)
         return *error;
     const int folder = std::get_if<Descriptor>(&opened)->number();
     const std::string temporary = std::string(name) + ".new";
-    const Descriptor file(m_calls,
-                          m_calls.open(folder, temporary.c_str(),
-                                       O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, ownerOnly));
+    const Descriptor file(m_calls, m_calls.open(folder, temporary.c_str(),
+                                                O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, ownerOnly));
     if (!file.isOpen())
         return errorFromErrno(-file.number());
     int result = writeAll(m_calls, file.number(), bytes);

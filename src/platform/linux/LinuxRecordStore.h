@@ -1,4 +1,5 @@
-// Record files on Linux: replaced through a temporary file, fsync, rename and fsync of the folder; locked with flock.
+// Record files on Linux: replaced through a temporary file, fsync, rename and fsync of the folder; locked
+// with flock.
 #pragma once
 
 #include "platform/linux/PathWalk.h"

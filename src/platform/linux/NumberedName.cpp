@@ -17,7 +17,8 @@ bool continuesSequence(char byte) {
     return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
 }
 
-/// At most `bytes` of the text. A sequence is no longer than four bytes; what is longer is not UTF-8 and is cut.
+/// At most `bytes` of the text. A sequence is no longer than four bytes; what is longer is not UTF-8 and is
+/// cut.
 std::string_view shortened(std::string_view text, std::size_t bytes) {
     if (text.size() <= bytes)
         return text;

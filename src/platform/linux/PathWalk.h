@@ -1,8 +1,8 @@
 // From a path to an open folder, without trusting the path twice.
 //
-// A walk opens one component after the other, each relative to the folder before and none through a link; a link
-// among the parents is read and its target walked likewise. What it gives is a descriptor and the link-free path
-// that led there. Callable from any thread.
+// A walk opens one component after the other, each relative to the folder before and none through a link; a
+// link among the parents is read and its target walked likewise. What it gives is a descriptor and the
+// link-free path that led there. Callable from any thread.
 #pragma once
 
 #include "platform/linux/Descriptor.h"

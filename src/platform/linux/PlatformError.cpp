@@ -5,10 +5,10 @@
 
 namespace brimlet {
 
-// Missing permission bits (EACCES) are what granting access mends, so they become the frameworks' permission code.
-// EPERM stands for what permission does not mend: an immutable file, another user's file in a sticky folder.
-// EBUSY and ETXTBSY are "not permitted while in use"; like EPERM they carry EPERM beneath them. All other errors
-// speak for themselves through their description.
+// Missing permission bits (EACCES) are what granting access mends, so they become the frameworks' permission
+// code. EPERM stands for what permission does not mend: an immutable file, another user's file in a sticky
+// folder. EBUSY and ETXTBSY are "not permitted while in use"; like EPERM they carry EPERM beneath them. All
+// other errors speak for themselves through their description.
 PlatformError errorFromErrno(int errnoValue) {
     std::string description = std::generic_category().message(errnoValue);
     switch (errnoValue) {

@@ -19,12 +19,15 @@ namespace brimlet {
 
 class TreeCopier {
 public:
+    /// Made beside a copy that has hard links, to find them again; to be removed when the copy is complete.
+    static constexpr const char* linksFolder = "links";
+
     /// calls     must outlive the copier
     /// manifest  receives what has been copied; must outlive the copier
     TreeCopier(FileSystemCalls& calls, CopyManifest& manifest);
 
-    /// Copies the entry `name` of `parent` into the empty folder `target`, as `newName`. On an error what has been
-    /// copied so far is left there. A folder "links" may appear beside it and can go afterwards.
+    /// Copies the entry `name` of `parent` into the empty folder `target`, as `newName`. On an error what has
+    /// been copied so far is left there.
     Failure copy(int parent, const std::string& name, int target, const std::string& newName);
 
 private:
@@ -37,8 +40,10 @@ private:
     int copyFolder(int from, const std::string& name, int to, const std::string& newName);
     int copyFile(int from, const std::string& name, const FileStatus& status, int to,
                  const std::string& newName);
-    int copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
-                       const std::string& newName);
+    int copyLeaf(int from, const std::string& name, const FileStatus& status, int to,
+                 const std::string& newName);
+    int copyLinked(int from, const std::string& name, const FileStatus& status, int to,
+                   const std::string& newName);
     int copyLink(int from, const std::string& name, const FileStatus& status, int to,
                  const std::string& newName);
     int copyNode(const FileStatus& status, int to, const std::string& newName);

@@ -1,7 +1,8 @@
 // Removes a tree relative to an open folder.
 //
 // 1. Every call names one entry of an open folder; there is no path.
-// 2. A link is removed, never opened. What was a folder when listed and is a link when opened is removed as a link.
+// 2. A link is removed, never opened. What was a folder when listed and is a link when opened is removed as a
+// link.
 // 3. A folder on another device or mount than the tree's own is not entered, not changed, and reported.
 // 4. An error ends nothing but what it happened to: all else is removed, and the first error is given back.
 // 5. Folders of the user's own that lack permission are given it through their descriptor.
@@ -44,6 +45,7 @@ private:
     void removeEntry(const std::string& name);
     bool mayRemove(const std::string& name);
     int unlink(const char* name, int flags);
+    bool permitDeepest();
     void enter(const std::string& name, int passes = 0);
     int openFolder(const std::string& name);
     int checkFolder(int folder, FileStatus& status);
@@ -59,8 +61,8 @@ private:
     Failure m_failure;
 };
 
-/// Opens the user's own folder up to reading and changing, through an open descriptor. A negative errno when it is
-/// another user's or has all permission already.
+/// Opens the user's own folder up to reading and changing, through an open descriptor. A negative errno when
+/// it is another user's or has all permission already.
 int permitOwner(FileSystemCalls& calls, int folder, const FileStatus& status);
 
 /// What is said when a folder holds another disk.

@@ -50,8 +50,8 @@ ColumnLayout {
         }
         EmptyState {
             anchors.fill: parent
+            message: qsTr("No file matches these filters.")
             symbol: "magnifyingglass"
-            text: qsTr("No file matches these filters.")
             visible: view.table.count === 0
         }
     }

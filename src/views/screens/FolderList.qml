@@ -49,8 +49,8 @@ ColumnLayout {
         }
         EmptyState {
             anchors.fill: parent
+            message: qsTr("No folder and no large file lies directly in here.")
             symbol: "folder"
-            text: qsTr("No folder and no large file lies directly in here.")
             visible: folder.count === 0
         }
     }

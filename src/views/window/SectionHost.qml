@@ -7,10 +7,13 @@ FocusScope {
     id: host
 
     readonly property var screens: ({
+        "smartClean": "SmartCleanView.qml",
         "overview": "OverviewView.qml",
         "explorer": "ExplorerView.qml",
         "types": "TypesView.qml",
-        "large": "LargeFilesView.qml"
+        "large": "LargeFilesView.qml",
+        "junk": "JunkView.qml",
+        "history": "HistoryView.qml"
     })
 
     Loader {

@@ -1,0 +1,269 @@
+// What removal does to real trees: links, depth, permissions, mounts, names.
+
+#include "support/DeletionStage.h"
+#include "support/Privileges.h"
+#include "support/RandomTree.h"
+#include "support/TreeSnapshot.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brimlet::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Makes a chain of folders deeper than any path may be long, with a file in each. Returns the depth.
+int makeDeepTree(const std::string& top) {
+    constexpr int depth = 2000;
+    const std::string name(40, 'd');
+    EXPECT_EQ(mkdir(top.c_str(), 0755), 0);
+    int at = open(top.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int level = 0; level < depth; ++level) {
+        close(openat(at, "file", O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
+        EXPECT_EQ(mkdirat(at, name.c_str(), 0755), 0);
+        const int below = openat(at, name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        close(at);
+        at = below;
+    }
+    close(at);
+    return depth;
+}
+
+/// At most this many open files, as long as it lives.
+class FewDescriptors {
+public:
+    explicit FewDescriptors(rlim_t most) {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        const rlimit few{most, m_before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &few);
+    }
+    ~FewDescriptors() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    FewDescriptors(const FewDescriptors&) = delete;
+    FewDescriptors& operator=(const FewDescriptors&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+TEST(GuardDeathTest, abortsBeforeAnythingOutsideIsChanged) {
+    DeletionStage stage;
+    const std::string outside = stage.tree.fileWithText("outside/canary", "alive");
+    EXPECT_DEATH((void)stage.run(outside, Removal::permanent), "guard: unlink of \"canary\"");
+    EXPECT_DEATH((void)stage.run(outside, Removal::trash), "guard: rename of \"canary\"");
+    EXPECT_DEATH((void)stage.run(stage.tree.path("outside"), Removal::permanent),
+                 "guard: rename of \"outside\"");
+    EXPECT_TRUE(stage.tree.exists("outside/canary"));
+}
+
+TEST(Removal, linksGoAsLinksAtEveryDepth) {
+    for (const Removal how : {Removal::permanent, Removal::trash}) {
+        DeletionStage stage;
+        stage.tree.fileWithText("outside/folder/canary", "alive");
+        const auto outside = snapshotOf(stage.tree.path("outside"));
+        stage.tree.directory("home/item/a/b/c");
+        for (const char* at : {"home/item/", "home/item/a/", "home/item/a/b/c/"}) {
+            stage.tree.symbolicLink(std::string(at) + "toFolder", stage.tree.path("outside/folder"));
+            stage.tree.symbolicLink(std::string(at) + "toFile", stage.tree.path("outside/folder/canary"));
+            stage.tree.symbolicLink(std::string(at) + "up", "../../..");
+        }
+        EXPECT_TRUE(stage.run(stage.home("item"), how).report.failures.empty());
+        stage.tree.symbolicLink("home/itself", stage.tree.path("outside/folder"));
+        EXPECT_TRUE(stage.run(stage.home("itself"), how).report.failures.empty());
+        EXPECT_FALSE(stage.tree.exists("home/item"));
+        EXPECT_FALSE(stage.tree.exists("home/itself"));
+        EXPECT_EQ(snapshotOf(stage.tree.path("outside")), outside);
+    }
+}
+
+TEST(Removal, anyTreeGoesWhollyAndComesBackWhole) {
+    for (std::uint32_t seed = 1; seed <= 8; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        DeletionStage stage;
+        const TemporaryTree source;
+        const RandomTree made(source, seed);
+        fs::rename(source.root(), stage.home("item"));
+        const auto whole = snapshotOf(stage.home("item"));
+        ASSERT_GT(whole.size(), 10U);
+        if (seed % 2 == 0)
+            stage.calls.separate(stage.trash());
+        const ExecutedRun run = stage.run(stage.home("item"), Removal::trash);
+        ASSERT_TRUE(run.report.failures.empty()) << run.report.failures.front().reason;
+        EXPECT_EQ(snapshotOf(stage.trash("item")), whole);
+        EXPECT_FALSE(DeletionHistory(stage.store, stage.removal).restore(run.entries.front()));
+        EXPECT_EQ(snapshotOf(stage.home("item")), whole);
+        EXPECT_TRUE(stage.trashNames().empty());
+        EXPECT_TRUE(stage.run(stage.home("item"), Removal::permanent).report.failures.empty());
+        EXPECT_FALSE(stage.tree.exists("home/item"));
+        EXPECT_FALSE(stage.hasScratch());
+    }
+}
+
+TEST(Removal, depthIsBoundedNeitherByPathsNorByDescriptors) {
+    DeletionStage stage;
+    makeDeepTree(stage.home("deep"));
+    const FewDescriptors few(128);
+    stage.calls.separate(stage.trash());
+    const ExecutedRun moved = stage.run(stage.home("deep"), Removal::trash);
+    ASSERT_TRUE(moved.report.failures.empty()) << moved.report.failures.front().reason;
+    const ExecutedRun removed = stage.run(stage.trash("deep"), Removal::permanent);
+    ASSERT_TRUE(removed.report.failures.empty()) << removed.report.failures.front().reason;
+    EXPECT_TRUE(stage.trashNames().empty());
+}
+
+TEST(Removal, foldersOfOnesOwnNeedNoPermission) {
+    for (const mode_t mode : {0000, 0500, 0300, 0400}) {
+        for (const Removal how : {Removal::permanent, Removal::trash}) {
+            DeletionStage stage;
+            stage.tree.fileWithText("home/item/sub/file", "text");
+            chmod(stage.home("item/sub").c_str(), mode);
+            chmod(stage.home("item").c_str(), mode);
+            const OrdinaryRights ordinary;
+            const ExecutedRun run = stage.run(stage.home("item"), how);
+            EXPECT_TRUE(run.report.failures.empty()) << std::oct << mode;
+            EXPECT_FALSE(stage.tree.exists("home/item"));
+            if (how == Removal::trash) {
+                struct stat status {};
+                stat(stage.trash("item").c_str(), &status);
+                EXPECT_EQ(status.st_mode & 07777, mode) << "a folder keeps its mode in the Trash";
+            }
+        }
+    }
+}
+
+TEST(Removal, aParentWithoutPermissionLeavesTheItemWhole) {
+    for (const Removal how : {Removal::permanent, Removal::trash}) {
+        DeletionStage stage;
+        stage.tree.fileWithText("home/locked/item/file", "text");
+        const auto whole = snapshotOf(stage.home("locked/item"));
+        chmod(stage.home("locked").c_str(), 0500);
+        const OrdinaryRights ordinary;
+        const ExecutedRun run = stage.run(stage.home("locked/item"), how);
+        ASSERT_EQ(run.report.failures.size(), 1U);
+        EXPECT_EQ(run.report.failures.front().reason,
+                  "No permission. It may need Full Disk Access, or it belongs to another user.");
+        EXPECT_EQ(snapshotOf(stage.home("locked/item")), whole);
+    }
+}
+
+TEST(Removal, whatCannotGoStaysInItsPlaceAndIsReported) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/stuck/file", "text");
+    stage.tree.fileWithText("home/item/other", "text");
+    stage.calls.onCall = [&](const SystemCall& call) {
+        if (std::string_view(call.call) == "unlink" && std::string_view(call.name) == "file")
+            stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run = stage.run(stage.home("item"), Removal::permanent);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_EQ(run.report.failures.front().reason, "Protected by macOS or in use.");
+    EXPECT_TRUE(stage.tree.exists("home/item/stuck/file"));
+    EXPECT_FALSE(stage.tree.exists("home/item/other"));
+    EXPECT_FALSE(stage.hasScratch());
+    EXPECT_EQ(run.report.freed, 0);
+}
+
+TEST(Removal, neverCrossesOntoAMountedDisk) {
+    const bool allowed = withOwnMounts([] {
+        DeletionStage stage;
+        stage.tree.directory("home/item/inside/disk");
+        stage.tree.directory("outside/bound");
+        stage.tree.directory("home/item/bind");
+        stage.tree.fileWithText("outside/bound/canary", "alive");
+        const std::string disk = stage.home("item/inside/disk");
+        ASSERT_EQ(mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=1m"), 0);
+        ASSERT_EQ(mount(stage.tree.path("outside/bound").c_str(), stage.home("item/bind").c_str(), nullptr,
+                        MS_BIND, nullptr),
+                  0);
+        stage.tree.fileWithText("home/item/inside/disk/canary", "alive");
+        for (const char* path : {"item", "item/bind", "item/inside/disk"}) {
+            const ExecutedRun run = stage.run(stage.home(path), Removal::permanent);
+            ASSERT_EQ(run.report.failures.size(), 1U) << path;
+            EXPECT_EQ(run.report.failures.front().reason, "Another disk is mounted here. Eject it first.");
+        }
+        EXPECT_EQ(stage.run(disk, Removal::trash).report.failures.size(), 1U);
+        EXPECT_TRUE(stage.tree.exists("home/item/inside/disk/canary"));
+        EXPECT_TRUE(stage.tree.exists("outside/bound/canary"));
+        EXPECT_FALSE(stage.hasScratch());
+        umount(stage.home("item/bind").c_str());
+        umount(disk.c_str());
+    });
+    if (!allowed)
+        GTEST_SKIP() << "mounting is not permitted here";
+}
+
+TEST(Removal, pathsThatLeadAroundAreRefusedWithASentence) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/file", "text");
+    const struct {
+        std::string path;
+        std::string reason;
+    } cases[] = {
+        {"home/file", "The path is not absolute."},
+        {"", "The path is not absolute."},
+        {stage.home("./file"), "The path has “.” or “..” in it."},
+        {stage.home("sub/../file"), "The path has “.” or “..” in it."},
+        {stage.home("file/.."), "The path has “.” or “..” in it."},
+        {stage.home("file") + std::string(1, '\0') + "x", "The path has a NUL byte in it."},
+        {"/", "Protected by macOS or in use."},
+        {stage.home("missing"), "No longer exists."},
+        {stage.home("missing/file"), "No longer exists."},
+    };
+    for (const auto& one : cases) {
+        for (const Removal how : {Removal::permanent, Removal::trash}) {
+            const ExecutedRun run = stage.run(one.path, how);
+            ASSERT_EQ(run.report.failures.size(), 1U) << one.path;
+            EXPECT_EQ(run.report.failures.front().reason, one.reason) << one.path;
+            EXPECT_EQ(run.report.failures.front().path, one.path);
+        }
+    }
+    EXPECT_TRUE(stage.tree.exists("home/file"));
+}
+
+TEST(Removal, theStricterOfTwoVerdictsCounts) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/precious/file", "text");
+    stage.tree.directory("home/links");
+    stage.tree.symbolicLink("home/links/first", "../links/second");
+    stage.tree.symbolicLink("home/links/second", stage.home("precious"));
+    stage.verdicts[stage.home("precious/file")] = {Risk::protected_, "Not this one."};
+    for (const char* path : {"precious/file", "precious//file/", "links/first/file", "links/second/file"}) {
+        const ExecutedRun run = stage.run(stage.home(path), Removal::permanent);
+        ASSERT_EQ(run.report.skippedProtected.size(), 1U) << path;
+        EXPECT_EQ(run.report.skippedProtected.front().reason, "Not this one.");
+        EXPECT_EQ(run.report.skippedProtected.front().path, stage.home(path));
+    }
+    EXPECT_TRUE(stage.tree.exists("home/precious/file"));
+}
+
+TEST(Removal, anyNameGoesToTheTrashAndBack) {
+    DeletionStage stage;
+    std::string everyByte;
+    for (int byte = 1; byte < 256; ++byte) {
+        if (byte != '/' && everyByte.size() < 254)
+            everyByte += static_cast<char>(byte);
+    }
+    const std::string names[] = {everyByte, "\xff", "line\nbreak",        "caf\xe9", "café.txt", " ",
+                                 "-rf",     "...",  std::string(255, 'n')};
+    for (const std::string& name : names) {
+        const std::string path = stage.home(name);
+        stage.tree.fileWithText("home/" + name, "content of " + name);
+        const auto whole = snapshotOf(path);
+        ASSERT_EQ(stage.run(path, Removal::trash).report.deletedPaths.size(), 1U) << name;
+        DeletionHistory afterRestart(stage.store, stage.removal);
+        ASSERT_EQ(afterRestart.entries().front().originalPath, path);
+        EXPECT_FALSE(afterRestart.restoreIfPossible(afterRestart.entries().front()));
+        EXPECT_EQ(snapshotOf(path), whole);
+        EXPECT_TRUE(stage.historyOnDisk().front().restored);
+    }
+}
+
+} // namespace
+} // namespace brimlet::test
