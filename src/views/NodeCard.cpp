@@ -38,16 +38,8 @@ QString NodeCard::name() const {
     return isEmpty() ? QString() : displayName(*node());
 }
 
-QString NodeCard::symbol() const {
-    return isEmpty() ? QString() : symbolOf(*node());
-}
-
 QString NodeCard::category() const {
     return isEmpty() ? QString() : displayText(localized(look(node()->bucket).title));
-}
-
-QColor NodeCard::categoryColor() const {
-    return isEmpty() ? QColor() : QColor::fromRgb(look(node()->bucket).color);
 }
 
 double NodeCard::size() const {
@@ -67,7 +59,6 @@ QVariantList NodeCard::largest() const {
     for (const FileNode* child : largestChildren(*node(), largestCount)) {
         rows << QVariantMap{{QStringLiteral("name"), displayName(*child)},
                             {QStringLiteral("size"), static_cast<qint64>(child->size)},
-                            {QStringLiteral("symbol"), symbolOf(*child)},
                             {QStringLiteral("color"), QColor::fromRgb(look(child->bucket).color)}};
     }
     return rows;

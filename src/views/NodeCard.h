@@ -18,15 +18,14 @@ class NodeCard : public QObject {
     Q_PROPERTY(brimlet::SunburstView* map READ map WRITE setMap NOTIFY mapChanged REQUIRED)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
-    Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
+    Q_PROPERTY(bool directory READ directory NOTIFY changed)
     Q_PROPERTY(QString category READ category NOTIFY changed)
-    Q_PROPERTY(QColor categoryColor READ categoryColor NOTIFY changed)
     Q_PROPERTY(double size READ size NOTIFY changed)
     Q_PROPERTY(QString path READ path NOTIFY changed)
     Q_PROPERTY(int risk READ risk NOTIFY changed)
     Q_PROPERTY(QString riskReason READ riskReason NOTIFY changed)
     Q_PROPERTY(
-        QVariantList largest READ largest NOTIFY changed) ///< name, size, symbol, color of the largest inside
+        QVariantList largest READ largest NOTIFY changed) ///< name, size and color of the largest inside
 
 public:
     explicit NodeCard(QObject* parent = nullptr)
@@ -36,9 +35,8 @@ public:
     void setMap(SunburstView* map);
     bool isEmpty() const { return node() == nullptr; }
     QString name() const;
-    QString symbol() const;
+    bool directory() const { return !isEmpty() && node()->isDirectory; }
     QString category() const;
-    QColor categoryColor() const;
     double size() const;
     QString path() const;
     int risk() const { return static_cast<int>(m_verdict.risk); }

@@ -26,12 +26,6 @@ QString kindText(const FileNode& node) {
                         : displayText(localized(look(node.kind).title));
 }
 
-QString symbolOf(const FileNode& node) {
-    if (node.isDirectory && node.kind == FileKind::other)
-        return node.isPackage ? QStringLiteral("shippingbox.fill") : QStringLiteral("folder.fill");
-    return displayText(look(node.kind).symbol);
-}
-
 QString relativeTime(double secondsSince1970) {
     constexpr double lastUnknownSecond = 86'400;
     if (!(secondsSince1970 > lastUnknownSecond))

@@ -19,9 +19,6 @@ QString displayName(const FileNode& node);
 /// A file's extension in capitals, or its kind's title where it has none.
 QString kindText(const FileNode& node);
 
-/// The name of its symbol in the icon table.
-QString symbolOf(const FileNode& node);
-
 /// A relative date; "—" for an unknown time.
 QString relativeTime(double secondsSince1970);
 

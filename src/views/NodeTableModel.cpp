@@ -127,7 +127,6 @@ QHash<int, QByteArray> NodeTableModel::roleNames() const {
             {ShareRole, "share"},
             {KindTextRole, "kindText"},
             {KindColorRole, "kindColor"},
-            {SymbolRole, "symbol"},
             {CategoryRole, "category"},
             {CategoryColorRole, "categoryColor"},
             {ModifiedRole, "modified"},
@@ -181,8 +180,6 @@ QVariant NodeTableModel::textData(const FileNode& node, int role) const {
         return kindText(node);
     case KindColorRole:
         return QColor::fromRgb(look(node.kind).color);
-    case SymbolRole:
-        return symbolOf(node);
     case CategoryRole:
         return displayText(localized(look(node.bucket).title));
     case CategoryColorRole:

@@ -42,7 +42,6 @@ public:
         ShareRole,        ///< of what the table is about, as text
         KindTextRole,
         KindColorRole,
-        SymbolRole,
         CategoryRole,
         CategoryColorRole,
         ModifiedRole,

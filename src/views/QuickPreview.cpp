@@ -43,7 +43,7 @@ void QuickPreview::show(const FileNode& node) {
     m_path = node.path();
     m_shownPath = displayText(displayPath(m_path, homeFolder()));
     m_name = displayName(node);
-    m_symbol = symbolOf(node);
+    m_directory = node.isDirectory;
     m_details = tr("%1 · %2 · Modified %3")
                     .arg(kindText(node), bytesText(node.size, QLocale()), dateText(node.modified, QLocale()));
     m_content = {};

@@ -17,7 +17,7 @@ class QuickPreview : public QObject {
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
-    Q_PROPERTY(QString symbol READ symbol NOTIFY changed)
+    Q_PROPERTY(bool directory READ directory NOTIFY changed)
     Q_PROPERTY(QString details READ details NOTIFY changed) ///< kind, size and date in one line
     Q_PROPERTY(QString path READ path NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
@@ -31,7 +31,7 @@ public:
     bool isOpen() const { return m_isOpen; }
     bool isLoading() const { return m_isLoading; }
     QString name() const { return m_name; }
-    QString symbol() const { return m_symbol; }
+    bool directory() const { return m_directory; }
     QString details() const { return m_details; }
     QString path() const { return m_shownPath; }
     QString text() const { return m_content.text; }
@@ -57,7 +57,7 @@ private:
     std::string m_path; ///< as scanned
     QString m_shownPath;
     QString m_name;
-    QString m_symbol;
+    bool m_directory = false;
     QString m_details;
     PreviewContent m_content;
     BackgroundWork m_work;

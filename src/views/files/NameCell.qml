@@ -9,16 +9,15 @@ RowLayout {
     required property string name
     required property string folder ///< empty for one line only
     required property string path
-    required property string symbol
-    required property color tint
+    required property bool directory
     required property bool unreadable
 
     spacing: Theme.spaceS
 
     FileIcon {
+        directory: cell.directory
+        path: cell.path
         size: cell.folder === "" ? Theme.iconLarge - Theme.spaceXs : Theme.iconLarge + Theme.spaceXs
-        symbol: cell.symbol
-        tint: cell.tint
     }
     ColumnLayout {
         spacing: 0

@@ -16,7 +16,6 @@ Rectangle {
     required property string share
     required property string kindText
     required property color kindColor
-    required property string symbol
     required property string category
     required property color categoryColor
     required property string modified
@@ -79,11 +78,10 @@ Rectangle {
 
             NameCell {
                 anchors.fill: parent
+                directory: nodeRow.directory
                 folder: nodeRow.showsFolder ? nodeRow.folder : ""
                 name: nodeRow.name
                 path: nodeRow.path
-                symbol: nodeRow.symbol
-                tint: nodeRow.directory ? nodeRow.categoryColor : nodeRow.kindColor
                 unreadable: nodeRow.unreadable
             }
         }

@@ -47,8 +47,9 @@ T.Popup {
             spacing: Theme.spaceM
 
             FileIcon {
+                directory: popup.preview.directory
+                path: popup.preview.path
                 size: Theme.iconHuge
-                symbol: popup.preview.symbol
             }
             ColumnLayout {
                 Layout.fillWidth: true

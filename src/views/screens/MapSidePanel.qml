@@ -21,9 +21,9 @@ Card {
         spacing: Theme.spaceM
 
         FileIcon {
+            directory: node.directory
+            path: node.path
             size: Theme.iconHuge
-            symbol: node.symbol
-            tint: node.categoryColor
         }
         ColumnLayout {
             Layout.fillWidth: true
