@@ -36,7 +36,7 @@ public:
 
 private:
     void work() {
-        constexpr std::size_t bufferBytes = 64 * 1024;
+        constexpr std::size_t bufferBytes = std::size_t{64} * 1024;
         const auto buffer = std::make_unique<char[]>(bufferBytes);
         std::vector<std::string> met;
         std::unique_lock lock(m_mutex);

@@ -29,9 +29,11 @@ public:
 /// Makes `count` files of one block, at most 100 in a folder, in `items` direct children of `base`.
 void fill(const test::TemporaryTree& home, const std::string& base, int count, int items) {
     for (int i = 0; i < count; ++i) {
-        const std::string item = "item" + std::to_string(i % items);
-        const std::string inner = std::to_string(i / items / 100);
-        home.file(base + "/" + item + "/" + inner + "/file" + std::to_string(i), 1);
+        std::string path = base + "/item";
+        path += std::to_string(i % items);
+        path += "/" + std::to_string(i / items / 100);
+        path += "/file" + std::to_string(i);
+        home.file(path, 1);
     }
 }
 

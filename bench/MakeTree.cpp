@@ -81,7 +81,7 @@ private:
         if (dice < 20)
             done = ftruncate(file, 1 + below(1 << 30)) == 0;
         else if (dice < 22)
-            done = posix_fallocate(file, 0, (512 + below(512)) * 1024) == 0;
+            done = posix_fallocate(file, 0, off_t{1024} * (512 + below(512))) == 0;
         else
             done = posix_fallocate(file, 0, 1 + below(1 << (8 + below(8)))) == 0;
         close(file);

@@ -31,7 +31,8 @@ void measureArcs() {
     for (const bool flat : {false, true}) {
         const auto scan = test::randomTree(1, {.directories = flat ? 0 : 5'000, .files = 100'000});
         std::vector<Arc> arcs;
-        const double milliseconds = test::medianMilliseconds(20, [&] { arcs = collectArcs(*scan->root, rings); });
+        const double milliseconds =
+            test::medianMilliseconds(20, [&] { arcs = collectArcs(*scan->root, rings); });
         std::printf("collectArcs, 100,000 descendants%-22s %8.2f ms   (limit 5; %zu arcs)\n",
                     flat ? ", all in one folder" : " in 5,000 folders", milliseconds, arcs.size());
     }

@@ -29,8 +29,9 @@ const AppSectionLook& look(AppSection section) {
 
 std::optional<AppSection> sectionFromRaw(std::string_view raw) {
     const auto& sections = allSections();
-    const auto* row = std::find_if(sections.begin(), sections.end(),
-                                   [&](const AppSectionLook& candidate) { return candidate.rawValue == raw; });
+    const auto* row = std::find_if(sections.begin(), sections.end(), [&](const AppSectionLook& candidate) {
+        return candidate.rawValue == raw;
+    });
     return row == sections.end() ? std::nullopt : std::optional(row->section);
 }
 

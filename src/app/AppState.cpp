@@ -1,7 +1,9 @@
 #include "app/AppState.h"
 
 #include "app/EngineSingleton.h"
+#include "app/Exclusions.h"
 #include "core/Paths.h"
+#include "junk/JunkCatalogue.h"
 
 namespace brimlet {
 
@@ -10,6 +12,7 @@ AppState::AppState(AppServices services, QObject* parent)
     , m_services(std::move(services))
     , m_preferences(m_services.preferences)
     , m_volume(m_services.volumes.volumeInfo("/"))
+    , m_smartSelection(defaultSelection(junkCatalogue()))
     , m_excludedRaw(m_preferences.excludedPaths())
     , m_permanentDelete(m_preferences.permanentDelete())
     , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences))
@@ -52,6 +55,14 @@ void AppState::setExplorerStack(std::vector<FileNode*> stack) {
 void AppState::setExcludedRaw(const std::string& raw) {
     m_preferences.setExcludedPaths(raw);
     change(m_excludedRaw, raw, &AppState::excludedRawChanged);
+}
+
+void AppState::excludeFolder(const std::string& folder) {
+    setExcludedRaw(withExcludedPath(m_excludedRaw, folder));
+}
+
+void AppState::includeFolderAgain(std::size_t position) {
+    setExcludedRaw(withoutExcludedPath(m_excludedRaw, position));
 }
 
 void AppState::setPermanentDelete(bool on) {

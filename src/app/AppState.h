@@ -2,7 +2,7 @@
 //
 // Main thread only. Long work runs in the background and is handed back here; a scan that has been replaced
 // or cancelled is told by its Scanner's identity and changes nothing any more. The parts stand in files of
-// their own: AppStateScan.cpp, AppStateDeletion.cpp.
+// their own: AppStateScan.cpp, AppStateDeletion.cpp, AppStateJunk.cpp.
 #pragma once
 
 #include "app/AppSection.h"
@@ -12,8 +12,14 @@
 #include "app/Preferences.h"
 #include "app/Toast.h"
 #include "core/ScanResult.h"
+#include "junk/JunkFinder.h"
+#include "junk/JunkPlan.h"
+#include "junk/QuickClean.h"
+#include "safety/DeletionHistory.h"
+#include "safety/DeletionPlanning.h"
 #include "safety/DeletionRecords.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <QObject>
@@ -27,6 +33,9 @@ class QJSEngine;
 class QQmlEngine;
 
 namespace brimlet {
+
+/// Whether the user is told what a run did.
+enum class RunNotice { shown, quiet };
 
 class AppState : public QObject {
     Q_OBJECT
@@ -43,8 +52,11 @@ class AppState : public QObject {
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasPlan READ hasPlan NOTIFY planChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY hasFullDiskAccessChanged)
-    Q_PROPERTY(bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
+    Q_PROPERTY(
+        bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
     Q_PROPERTY(bool showAccessOnboarding READ showAccessOnboarding NOTIFY showAccessOnboardingChanged)
+    Q_PROPERTY(bool junkLoading READ junkLoading NOTIFY junkLoadingChanged)
+    Q_PROPERTY(QString smartPhase READ smartPhaseRaw WRITE setSmartPhaseRaw NOTIFY smartPhaseChanged)
 
 public:
     /// Takes the steps of start-up in their order; the last of them may begin a scan.
@@ -108,12 +120,63 @@ public:
     const std::vector<DeletionFailure>& failures() const { return m_failures; }
     void setFailures(std::vector<DeletionFailure> failures);
 
-    /// Puts entries of the history back where they were.
+    /// Publishes a plan of the items that lie in no other item; does nothing without items.
+    void proposePlan(const std::vector<PlanItem>& items, std::string_view title);
+
+    /// Closes the plan and removes what it holds; what is protected, or wants a look and was not accepted,
+    /// stays.
+    void executePlan(const DeletionPlan& plan, ReviewItems review);
+
+    /// Removes in the background, then brings history, tree, lists, volume and, unless quiet, the notice up to
+    /// date.
+    /// then  called after all that; may be empty
+    void runDeletion(std::vector<DeletionRequest> requests, RunNotice notice,
+                     std::function<void(const DeletionReport&)> then);
+
+    const DeletionHistory& history() const { return m_services.history; }
+
+    /// Puts entries back where they were, as far as that is possible, and says how many.
     void restoreEntries(const std::vector<HistoryEntry>& entries);
+
+    /// Puts one entry back. What can't be is left as it was, without a word.
+    void restoreEntry(const HistoryEntry& entry);
+
+    Q_INVOKABLE void clearHistory();
+
+    // Junk and Quick Clean
+    const std::vector<JunkFinding>& junk() const { return m_junk; } ///< a finding may have lost all its items
+    bool junkLoading() const { return m_junkLoading; }
+    SmartPhase smartPhase() const { return m_smartPhase; }
+    void setSmartPhase(SmartPhase phase);
+    QString smartPhaseRaw() const;
+    void setSmartPhaseRaw(const QString& raw); ///< a text that names no phase is ignored
+    const RuleSelection& smartSelection() const { return m_smartSelection; }
+    std::int64_t smartSelectedSize() const { return selectedSize(m_junk, m_smartSelection); }
+    const std::optional<DeletionReport>& lastReport() const { return m_lastReport; } ///< of Quick Clean
+
+    /// Searches for junk in the background and publishes what is found. A second call replaces a search that
+    /// still runs.
+    /// then  called once the list is current; may be empty
+    Q_INVOKABLE void loadJunk() { loadJunk({}); }
+    void loadJunk(std::function<void()> then);
+
+    /// From `scanning`, which the caller has set, to `review`; takes at least 1.6 seconds.
+    Q_INVOKABLE void startSmartScan();
+
+    /// From `review` to `done`, by way of `cleaning` for at least 1.2 seconds. Without anything to remove, or
+    /// while a clean runs, nothing happens.
+    Q_INVOKABLE void startSmartClean();
+
+    Q_INVOKABLE void setRuleSelected(const QString& ruleId, bool selected);
+
+    /// Judges chosen items in the background and proposes the plan "Clean Junk".
+    void proposeJunkPlan(std::vector<ChosenJunk> chosen);
 
     // Preferences
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
+    void excludeFolder(const std::string& folder); ///< a node path or a plain one; counts from the next scan
+    void includeFolderAgain(std::size_t position); ///< by its place in the list
     bool permanentDelete() const { return m_permanentDelete; }
     void setPermanentDelete(bool on);
 
@@ -136,7 +199,12 @@ signals:
     void planChanged();
     void toastChanged();
     void failuresChanged();
-    void restoreWanted(const std::vector<HistoryEntry>& entries);
+    void historyChanged();
+    void junkChanged();
+    void junkLoadingChanged();
+    void smartPhaseChanged();
+    void smartSelectionChanged();
+    void lastReportChanged();
     void excludedRawChanged();
     void permanentDeleteChanged();
 
@@ -154,6 +222,11 @@ private:
     void beginWalk();
     void finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_ptr<ScanResult> result);
     void raiseRevision();
+    void finishDeletion(const ExecutedRun& run, RunNotice notice);
+    void finishJunkLoad(int load, std::vector<JunkFinding> found);
+    void removeDeletedJunk(const std::unordered_set<std::string>& paths);
+    void finishSmartClean(const DeletionReport& report);
+    void callAtEarliest(StageClock::Time earliest, std::function<void()> action);
 
     AppServices m_services;
     Preferences m_preferences;
@@ -169,6 +242,15 @@ private:
     std::optional<DeletionPlan> m_plan;
     std::optional<Toast> m_toast;
     std::vector<DeletionFailure> m_failures;
+    std::vector<JunkFinding> m_junk;
+    bool m_junkLoading = false;
+    int m_junkLoad = 0; // the newest search
+    std::vector<std::function<void()>> m_afterJunkLoad;
+    std::unordered_set<std::string> m_deletedWhileJunkLoads;
+    SmartPhase m_smartPhase = SmartPhase::idle;
+    RuleSelection m_smartSelection;
+    int m_smartRun = 0; // the newest scan of Quick Clean
+    std::optional<DeletionReport> m_lastReport;
     std::string m_excludedRaw;
     bool m_permanentDelete = false;
     bool m_hasFullDiskAccess = false;

@@ -40,15 +40,17 @@ void AppState::beginWalk() {
     const std::shared_ptr<Scanner> scanner = m_scanner;
     const Scanner::Progress progress = [this, scanner](std::int64_t files, std::int64_t bytes,
                                                        std::string_view currentPath) {
-        m_work.handBack([this, scanner, snapshot = ScanProgressSnapshot{files, bytes, std::string(currentPath)}] {
-            if (m_scanner == scanner)
-                change(m_progress, snapshot, &AppState::progressChanged);
-        });
+        m_work.handBack(
+            [this, scanner, snapshot = ScanProgressSnapshot{files, bytes, std::string(currentPath)}] {
+                if (m_scanner == scanner)
+                    change(m_progress, snapshot, &AppState::progressChanged);
+            });
     };
-    m_work.run([scanner, walk = m_services.scanWalk, path = m_scanTarget.path(m_services.homeFolder),
-                excluded = excludedSet(m_excludedRaw),
-                progress] { return walk(*scanner, path, excluded, progress); },
-               [this, scanner](std::shared_ptr<ScanResult> result) { finishWalk(scanner, std::move(result)); });
+    m_work.run(
+        [scanner, walk = m_services.scanWalk, path = m_scanTarget.path(m_services.homeFolder),
+         excluded = excludedSet(m_excludedRaw),
+         progress] { return walk(*scanner, path, excluded, progress); },
+        [this, scanner](std::shared_ptr<ScanResult> result) { finishWalk(scanner, std::move(result)); });
 }
 
 void AppState::finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_ptr<ScanResult> result) {

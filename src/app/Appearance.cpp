@@ -78,8 +78,8 @@ void Appearance::askPortal() {
     const std::pair<const char*, const char*> settings[] = {{appearanceSpace, "color-scheme"},
                                                             {desktopSpace, "enable-animations"}};
     for (const auto& [space, key] : settings) {
-        QDBusMessage read =
-            QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, QStringLiteral("Read"));
+        QDBusMessage read = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface,
+                                                           QStringLiteral("Read"));
         read << QString::fromLatin1(space) << QString::fromLatin1(key);
         auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
         connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, space = space, key = key] {

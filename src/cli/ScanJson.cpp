@@ -152,7 +152,7 @@ private:
         m_text.clear();
     }
 
-    static constexpr std::size_t blockBytes = 64 * 1024;
+    static constexpr std::size_t blockBytes = std::size_t{64} * 1024;
     std::FILE* m_output;
     const ScanResult& m_result;
     std::string m_text;

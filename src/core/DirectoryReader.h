@@ -103,7 +103,7 @@ public:
 private:
     bool fill();
 
-    static constexpr std::size_t bufferBytes = 64 * 1024;
+    static constexpr std::size_t bufferBytes = std::size_t{64} * 1024;
     std::unique_ptr<std::byte[]> m_buffer;
     std::size_t m_position = 0;
     std::size_t m_end = 0;

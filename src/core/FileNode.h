@@ -17,7 +17,7 @@
 namespace brimlet {
 
 /// Allocated bytes from which a file gets a node of its own.
-inline constexpr std::int64_t fileNodeThreshold = 512 * 1024;
+inline constexpr std::int64_t fileNodeThreshold = std::int64_t{512} * 1024;
 
 struct FileNode {
     std::string_view name; ///< last path component, any bytes; for the root the path the scan started from

@@ -30,7 +30,7 @@ public:
 private:
     void* allocate(std::size_t bytes, std::size_t alignment);
 
-    static constexpr std::size_t blockBytes = 64 * 1024;
+    static constexpr std::size_t blockBytes = std::size_t{64} * 1024;
     std::vector<std::unique_ptr<std::byte[]>> m_blocks;
     std::byte* m_next = nullptr;
     std::size_t m_left = 0;

@@ -15,7 +15,7 @@ constexpr std::int64_t entriesBetweenReports = 1024;
 /// A thread costs about as much as reading two small folders: it is worth that when this many wait, or when
 /// the disk is so slow that a walk has already taken a while.
 constexpr std::size_t foldersWorthAThread = 16;
-constexpr auto walkWorthAThread = 2ms;
+constexpr auto walkWorthAThread = 10ms;
 
 /// Threads beyond the cores come one by one, so that a short walk from memory does without them.
 constexpr auto timeBetweenThreads = 500us;

@@ -143,16 +143,21 @@ Failure DeletionHistory::restore(const HistoryEntry& entry) {
     return std::nullopt;
 }
 
+bool DeletionHistory::isThere(const std::string& path) const {
+    const auto identity = m_removal.identity(path);
+    const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
+    return found != nullptr && found->has_value();
+}
+
+bool DeletionHistory::canRestore(const HistoryEntry& entry) const {
+    return !entry.restored && entry.trashPath && isThere(*entry.trashPath) && !isThere(entry.originalPath);
+}
+
 Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
     if (entry.restored)
         return refusal("It has been restored already.");
     if (!entry.trashPath)
         return refusal("It was deleted permanently.");
-    const auto isThere = [&](const std::string& path) {
-        const auto identity = m_removal.identity(path);
-        const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
-        return found != nullptr && found->has_value();
-    };
     if (!isThere(*entry.trashPath))
         return refusal("It is no longer in the Trash.");
     if (isThere(entry.originalPath))

@@ -47,6 +47,9 @@ public:
     /// Appends what a run removed, and ends its journal when that is written.
     bool record(const ExecutedRun& run);
 
+    /// Whether an entry's item is still in the Trash, was not put back, and has its place free. Looks at the disk.
+    bool canRestore(const HistoryEntry& entry) const;
+
     /// Moves one entry's item back to where it was. An entry without a place in the Trash counts as done.
     Failure restore(const HistoryEntry& entry);
 
@@ -70,6 +73,7 @@ private:
     File readFile();
     bool keepDamagedFile();
     void recover();
+    bool isThere(const std::string& path) const;
     void markRestored(const Uuid& id);
     void applyRestored(std::vector<HistoryEntry>& entries) const;
 

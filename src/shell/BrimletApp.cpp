@@ -1,6 +1,7 @@
 #include "shell/BrimletApp.h"
 
 #include "app/Translation.h"
+#include "junk/JunkCatalogue.h"
 
 namespace brimlet {
 
@@ -10,7 +11,14 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_updater(m_updateCheck, m_opener, QStringLiteral(BRIMLET_VERSION))
     , m_appearance(fixedColors)
     , m_accessProbe(m_homeFolder)
-    , m_preferences(FilePreferencesStore::standardFile(m_homeFolder)) {
+    , m_running(m_bundles)
+    , m_preferences(FilePreferencesStore::standardFile(m_homeFolder))
+    , m_policy(m_homeFolder, junkCatalogue(), m_bundles, m_running)
+    , m_junkFinder(m_homeFolder, m_lister, m_accessProbe)
+    , m_removal(m_homeFolder, m_calls)
+    , m_records(m_homeFolder + "/Library/Application Support/Brimlet", m_calls)
+    , m_executor(m_removal, m_records, [this](std::string_view path) { return m_policy.verdict(path); })
+    , m_history(m_records, m_removal) {
     connectTranslations();
     addPackedFonts();
 }
@@ -18,7 +26,9 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
 AppState& BrimletApp::state() {
     if (!m_state)
         m_state = std::make_unique<AppState>(
-            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels});
+            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_policy,
+                        m_clock, [this] { return m_junkFinder.scan(junkCatalogue()); },
+                        [this](const auto& requests) { return m_executor.execute(requests); }, m_history});
     return *m_state;
 }
 

@@ -5,11 +5,20 @@
 #include "app/Appearance.h"
 #include "app/AppState.h"
 #include "app/UpdateController.h"
+#include "junk/JunkFinder.h"
 #include "platform/linux/FeedUpdateCheck.h"
 #include "platform/linux/FilePreferencesStore.h"
 #include "platform/linux/LinuxAccessProbe.h"
+#include "platform/linux/LinuxBundleReader.h"
+#include "platform/linux/LinuxDirectoryLister.h"
+#include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/LinuxRecordStore.h"
+#include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/LinuxSystemOpener.h"
 #include "platform/linux/LinuxVolumes.h"
+#include "safety/DeletionExecutor.h"
+#include "safety/DeletionHistory.h"
+#include "safety/SafetyPolicy.h"
 #include "views/MainWindow.h"
 #include "views/WindowPanels.h"
 
@@ -41,7 +50,18 @@ private:
     Appearance m_appearance;
     LinuxVolumes m_volumes;
     LinuxAccessProbe m_accessProbe;
+    LinuxDirectoryLister m_lister;
+    LinuxBundleReader m_bundles;
+    LinuxRunningApplications m_running;
     FilePreferencesStore m_preferences;
+    SystemStageClock m_clock;
+    SafetyPolicy m_policy;
+    JunkFinder m_junkFinder;
+    FileSystemCalls m_calls;
+    LinuxFileRemoval m_removal;
+    LinuxRecordStore m_records;
+    DeletionExecutor m_executor;
+    DeletionHistory m_history;
     WindowPanels m_panels;
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;

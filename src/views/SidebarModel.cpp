@@ -76,14 +76,17 @@ QVariant SidebarModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> SidebarModel::roleNames() const {
-    return {{sectionId, "sectionId"}, {title, "title"}, {symbol, "symbol"},
-            {startsGroup, "startsGroup"}, {heading, "heading"}};
+    return {{sectionId, "sectionId"},
+            {title, "title"},
+            {symbol, "symbol"},
+            {startsGroup, "startsGroup"},
+            {heading, "heading"}};
 }
 
 int SidebarModel::rowOf(const QString& section) const {
     const auto wanted = sectionFromRaw(section.toStdString());
-    const auto* row =
-        std::find_if(rows.begin(), rows.end(), [&](const Row& candidate) { return wanted == candidate.section; });
+    const auto* row = std::find_if(rows.begin(), rows.end(),
+                                   [&](const Row& candidate) { return wanted == candidate.section; });
     return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
 }
 

@@ -47,6 +47,7 @@ QtObject {
     readonly property int headingSize: scaled(15)
     readonly property int bodySize: scaled(13)
     readonly property int captionSize: scaled(11)
+    readonly property int smallCaptionSize: scaled(10)
     readonly property real lineHeight: 1.35
 
     // Space and shape
@@ -58,14 +59,23 @@ QtObject {
     readonly property int spaceXxl: 32
     readonly property int pageMaximumWidth: 1240
     readonly property int textMaximumWidth: 460
+    readonly property int stageMaximumWidth: 720
     readonly property int rowHeight: scaled(34)
     readonly property int tallRowHeight: scaled(46)
     readonly property int controlHeight: scaled(32)
     readonly property int largeControlHeight: scaled(40)
     readonly property int iconButtonSize: scaled(28)
+    readonly property int junkIndent: scaled(68)
+    readonly property int dateColumn: scaled(132)
+    readonly property int sizeColumn: scaled(80)
+    readonly property int methodColumn: scaled(76)
+    readonly property int actionColumn: scaled(92)
     readonly property int sidebarWidth: scaled(216)
     readonly property int toolbarHeight: scaled(52)
     readonly property int sheetWidth: 560
+    readonly property int sheetListHeight: scaled(160)
+    readonly property int planRowHeight: scaled(60)
+    readonly property int ruleRowHeight: scaled(72)
     readonly property int iconSmall: scaled(14)
     readonly property int iconSize: scaled(16)
     readonly property int iconLarge: scaled(24)
@@ -85,7 +95,7 @@ QtObject {
     // Opacities
     readonly property real faint: 0.4
     readonly property real tint: 0.12
-    readonly property real ambient: 0.07
+    readonly property real ambient: dark ? 0.07 : 0.05
     readonly property real dimmed: 0.35
     readonly property real disabled: 0.45
 
@@ -94,6 +104,8 @@ QtObject {
     readonly property int quick: animated ? 120 : 0
     readonly property int gentle: animated ? 220 : 0
     readonly property int turn: 1400
+    readonly property int settle: 700
+    readonly property int breath: 2600
 
     function scaled(size: int): int {
         return Math.round(size * Appearance.textScale);

@@ -22,7 +22,8 @@ void WindowPanels::chooseFileToSave(const std::string& suggestedName, Answer ans
 
 void WindowPanels::accept(const QUrl& place) {
     // The encoded form keeps bytes that are not valid text.
-    std::string path = QByteArray::fromPercentEncoding(place.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+    std::string path =
+        QByteArray::fromPercentEncoding(place.path(QUrl::FullyEncoded).toLatin1()).toStdString();
     while (path.size() > 1 && path.ends_with('/'))
         path.pop_back();
     finish(path.empty() ? std::nullopt : std::optional(std::move(path)));

@@ -18,10 +18,10 @@ TEST(AppState, isCreatedInItsOrder) {
     app.preferences.values["autoScan"] = std::string("home");
     app.state();
     app.walks.begun(0);
-    EXPECT_THAT(app.log, ElementsAre("volume /", "read excludedPaths", "read permanentDelete", "volume /",
-                                     "read lastAutoClean", "read lastAutoCleanBytes",
-                                     "read accessOnboardingSkipped", "probe", "read initialSection",
-                                     "read autoScan", "probe", "probe"));
+    EXPECT_THAT(app.log,
+                ElementsAre("volume /", "read excludedPaths", "read permanentDelete", "volume /",
+                            "read lastAutoClean", "read lastAutoCleanBytes", "read accessOnboardingSkipped",
+                            "probe", "read initialSection", "read autoScan", "probe", "probe"));
 }
 
 TEST(AppState, beginsWithItsInitialValues) {
@@ -100,6 +100,16 @@ TEST(AppState, changedPreferencesAreStoredAndPublished) {
     EXPECT_EQ(app.preferences.values["permanentDelete"], PreferenceValue(true));
     EXPECT_EQ(excluded.count(), 1);
     EXPECT_EQ(permanent.count(), 1);
+}
+
+TEST(AppState, excludedFoldersAreKeptWithoutTheVolumesPrefix) {
+    TestApp app;
+    app.state().excludeFolder("/System/Volumes/Data/Users/sam/Big");
+    app.state().excludeFolder("/Users/sam/Other");
+    EXPECT_EQ(app.preferences.values["excludedPaths"],
+              PreferenceValue(std::string("/Users/sam/Big\n/Users/sam/Other")));
+    app.state().includeFolderAgain(0);
+    EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
 }
 
 TEST(AppState, removingNothingChangesNothing) {

@@ -1,6 +1,6 @@
 // Preferences through the real file, and the exclusion list.
-#include "app/Exclusions.h"
 #include "app/Preferences.h"
+#include "app/Exclusions.h"
 #include "platform/linux/FilePreferencesStore.h"
 #include "support/TemporaryTree.h"
 
@@ -110,6 +110,18 @@ TEST(Preferences, fileThatCannotBeReadIsAFolder) {
     EXPECT_TRUE(tree.exists(std::string(fileName) + ".damaged/inside"));
     FilePreferencesStore again(tree.path(fileName));
     EXPECT_EQ(Preferences(again).lowSpaceGB(), 20);
+}
+
+TEST(Preferences, missingHomeFolderIsNotMade) {
+    const test::TemporaryTree tree;
+    FilePreferencesStore store(FilePreferencesStore::standardFile(tree.path("home")));
+    store.setValue("menuBar", false);
+    EXPECT_EQ(store.value("menuBar"), PreferenceValue(false));
+    EXPECT_FALSE(tree.exists("home"));
+
+    tree.directory("home");
+    store.setValue("menuBar", true);
+    EXPECT_TRUE(tree.exists("home/Library/Preferences/com.brimlet.mac.json"));
 }
 
 TEST(Preferences, writesThatFailHoldForTheSession) {

@@ -17,7 +17,8 @@ TEST(UpdateFeed, tellsNewerVersionsFromOthers) {
         return std::string(R"({"version": ")") + version + R"(", "page": "https://example.org/get"})";
     };
     const std::string current = "1.9.0";
-    EXPECT_EQ(updateOutcome(feed("1.10.0"), current), UpdateOutcome(NewerVersion{"1.10.0", "https://example.org/get"}));
+    EXPECT_EQ(updateOutcome(feed("1.10.0"), current),
+              UpdateOutcome(NewerVersion{"1.10.0", "https://example.org/get"}));
     EXPECT_EQ(updateOutcome(feed("1.9.0"), current), UpdateOutcome(UpToDate{}));
     EXPECT_EQ(updateOutcome(feed("1.8.9"), current), UpdateOutcome(UpToDate{}));
 }

@@ -2,8 +2,6 @@
 
 #include "app/Translation.h"
 
-#include <gtest/gtest.h>
-#include <QApplication>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QTest>
@@ -20,7 +18,8 @@ void failOnWarnings(QtMsgType type, const QMessageLogContext&, const QString& me
         ADD_FAILURE() << message.toStdString();
 }
 
-MainWindow buildWindow(TestApp& app, Appearance& appearance, UpdateController& updates, WindowPanels& panels) {
+MainWindow buildWindow(TestApp& app, Appearance& appearance, UpdateController& updates,
+                       WindowPanels& panels) {
     app.activePanels = &panels;
     appearance.setReducedMotion(true);
     return {app.state(), appearance, updates, panels};
@@ -44,20 +43,21 @@ void TestWindow::resize(int width, int height) {
     handleEvents();
 }
 
-int runWindowTests(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    for (const auto& [name, value] : {std::pair("QT_QPA_PLATFORM", "offscreen"), {"QT_QUICK_BACKEND", "software"}}) {
+void prepareWindowTests() {
+    for (const auto& [name, value] :
+         {std::pair("QT_QPA_PLATFORM", "offscreen"), {"QT_QUICK_BACKEND", "software"}}) {
         if (!qEnvironmentVariableIsSet(name))
             qputenv(name, value);
     }
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     qInstallMessageHandler(failOnWarnings);
     QQuickStyle::setStyle(QStringLiteral("Basic"));
-    const QApplication application(argc, argv);
+}
+
+void prepareWindow() {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     addPackedFonts();
     connectTranslations();
-    return RUN_ALL_TESTS();
 }
 
 } // namespace brimlet::test

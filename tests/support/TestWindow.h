@@ -9,7 +9,10 @@
 #include "views/MainWindow.h"
 #include "views/WindowPanels.h"
 
+#include <gtest/gtest.h>
 #include <memory>
+#include <QApplication>
+#include <QTemporaryDir>
 
 namespace brimlet::test {
 
@@ -38,7 +41,20 @@ private:
     std::unique_ptr<WindowDriver> m_driver;
 };
 
+/// Settles what must stand before the application object exists, and what must follow it.
+void prepareWindowTests();
+void prepareWindow();
+
 /// The main function of a program of window tests.
-int runWindowTests(int argc, char** argv);
+template <typename Application = QApplication>
+int runWindowTests(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir runtimeFolder; // a session's own folder; a bare machine has none
+    qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
+    prepareWindowTests();
+    const Application application(argc, argv);
+    prepareWindow();
+    return RUN_ALL_TESTS();
+}
 
 } // namespace brimlet::test

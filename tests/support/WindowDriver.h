@@ -15,7 +15,8 @@ public:
     explicit WindowDriver(QQuickWindow& window)
         : m_window(window) {}
 
-    /// The topmost visible item with an accessible name, and a role if one is given; null where there is none.
+    /// The topmost visible item with an accessible name, and a role if one is given; null where there is
+    /// none.
     QQuickItem* find(const QString& name, QAccessible::Role role = QAccessible::NoRole) const;
 
     /// Waits until it is there. Adds a test failure and returns null where it doesn't come.

@@ -2,6 +2,9 @@
 #include "app/AppSection.h"
 #include "tour/Tour.h"
 
+#include <QQuickWindow>
+#include <QTest>
+
 namespace brimlet::test {
 
 namespace {
@@ -11,10 +14,109 @@ Stop section(AppSection section) {
     return {QString::fromStdString(raw), [section](BrimletApp& app) { app.state().setSection(section); }};
 }
 
-void scanHome(BrimletApp& app) {
-    app.state().closeAccessOnboarding();
+/// The whole machine takes long enough to be watched.
+void watchScan(BrimletApp& app) {
     app.state().scanWithoutAccess();
+    app.state().startScan(ScanTarget::wholeDisk());
+    waitUntil([&] { return app.state().progress().files > 0; });
+}
+
+void scanHome(BrimletApp& app) {
+    app.state().startScan(ScanTarget::home());
     waitUntil([&] { return !app.state().isScanning(); });
+}
+
+void quickScan(BrimletApp& app) {
+    app.state().setSection(AppSection::smartClean);
+    app.state().setSmartPhase(SmartPhase::scanning);
+    app.state().startSmartScan();
+}
+
+/// Rows of all three risks: caches, installers, and a folder that stays.
+void proposeMixedPlan(BrimletApp& app) {
+    std::vector<ChosenJunk> chosen;
+    for (const JunkFinding& finding : app.state().junk()) {
+        if (finding.rule.id != "user-caches" && finding.rule.id != "old-installers")
+            continue;
+        for (const JunkItem& item : finding.items)
+            chosen.push_back({item, finding.rule.removal});
+    }
+    const std::string& home = app.state().homeFolder();
+    for (const char* folder : {"/Documents", "/.Trash"})
+        chosen.push_back({{home + folder, "", 0, 0, {}}, Removal::trash});
+    app.state().proposeJunkPlan(std::move(chosen));
+    waitUntil([&] { return app.state().plan().has_value(); });
+}
+
+/// Also leaves one failure behind: a path that is not there any more.
+void cleanInstallers(BrimletApp& app) {
+    DeletionPlan plan = *app.state().plan();
+    std::erase_if(plan.items, [](const PlanItem& item) { return item.verdict.risk != Risk::review; });
+    PlanItem gone = plan.items.front();
+    gone.path += ".moved";
+    plan.items.push_back(gone);
+    app.state().executePlan(plan, ReviewItems::include);
+    waitUntil([&] { return app.state().toast().has_value(); });
+}
+
+void restoreNewest(BrimletApp& app) {
+    app.state().setToast(std::nullopt);
+    app.state().restoreEntry(app.state().history().entries().front());
+    app.state().setSection(AppSection::history);
+}
+
+/// Presses a key in the window as its user would.
+void press(BrimletApp& app, Qt::Key key, int times = 1) {
+    for (int i = 0; i < times; ++i)
+        QTest::keyClick(app.window().window(), key);
+}
+
+std::vector<Stop> cleaningStops() {
+    return {
+        {"quick-clean-idle", [](BrimletApp& app) { app.state().setSection(AppSection::smartClean); }},
+        {"quick-clean-scanning", quickScan},
+        {"quick-clean-review",
+         [](BrimletApp& app) { waitUntil([&] { return app.state().smartPhase() == SmartPhase::review; }); }},
+        {"junk",
+         [](BrimletApp& app) {
+             app.state().setSection(AppSection::junk);
+             waitUntil([&] { return !app.state().junkLoading(); });
+         }},
+        {"junk-opened-and-selected",
+         [](BrimletApp& app) {
+             press(app, Qt::Key_Tab, 5);
+             press(app, Qt::Key_Down);
+             press(app, Qt::Key_Space);
+             press(app, Qt::Key_Right);
+             press(app, Qt::Key_Down, 2);
+             press(app, Qt::Key_Space);
+         }},
+        {"confirmation", proposeMixedPlan},
+        {"undo-notice", cleanInstallers},
+        {"history-with-failures", restoreNewest},
+        {"quick-clean-cleaning",
+         [](BrimletApp& app) {
+             app.state().setSection(AppSection::smartClean);
+             app.state().startSmartClean();
+         }},
+        {"quick-clean-done",
+         [](BrimletApp& app) { waitUntil([&] { return app.state().smartPhase() == SmartPhase::done; }); }},
+        {"history", [](BrimletApp& app) { app.state().setSection(AppSection::history); }},
+    };
+}
+
+void showToast(BrimletApp& app) {
+    Toast toast;
+    toast.message = "Freed 1.2 GB";
+    toast.detail = "3 items were moved to the Trash.";
+    toast.undoable = {HistoryEntry{}};
+    app.state().setSection(AppSection::overview);
+    app.state().setToast(std::move(toast));
+}
+
+void openMenu(BrimletApp& app) {
+    app.state().setToast(std::nullopt);
+    QTest::keyClick(app.window().window(), Qt::Key_F10);
 }
 
 } // namespace
@@ -23,10 +125,15 @@ std::vector<Stop> stops() {
     std::vector<Stop> list = {
         {"before-a-scan", [](BrimletApp& app) { app.state().setSection(AppSection::overview); }},
         {"access-sheet", [](BrimletApp& app) { app.state().startScan(ScanTarget::home()); }},
+        {"scanning", watchScan},
+        {"scanned", scanHome},
     };
-    list.push_back({"overview-first", [](BrimletApp& app) { scanHome(app); }});
     for (const AppSectionLook& row : allSections())
         list.push_back(section(row.section));
+    for (Stop& stop : cleaningStops())
+        list.push_back(std::move(stop));
+    list.push_back({"notice", showToast});
+    list.push_back({"menu", openMenu});
     return list;
 }
 

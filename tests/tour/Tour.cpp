@@ -24,7 +24,8 @@ int Tour::walk() {
     for (const Stop& stop : stops()) {
         stop.act(m_app);
         ++number;
-        for (const auto& [scheme, name] : {std::pair(ColorScheme::light, "light"), {ColorScheme::dark, "dark"}}) {
+        for (const auto& [scheme, name] :
+             {std::pair(ColorScheme::light, "light"), {ColorScheme::dark, "dark"}}) {
             m_app.appearance().fixColorScheme(scheme);
             const QString picture =
                 QStringLiteral("%1-%2-%3.png").arg(number, 2, 10, QLatin1Char('0')).arg(stop.name, name);

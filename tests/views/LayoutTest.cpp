@@ -92,7 +92,8 @@ TEST_P(Layout, longerTextsFit) {
 INSTANTIATE_TEST_SUITE_P(Sizes, Layout,
                          testing::Values(Size{900, 600}, Size{1200, 780}, Size{1920, 1080}, Size{2560, 1440}),
                          [](const auto& size) {
-                             return std::to_string(size.param.width) + "x" + std::to_string(size.param.height);
+                             return std::to_string(size.param.width) + "x" +
+                                    std::to_string(size.param.height);
                          });
 
 } // namespace

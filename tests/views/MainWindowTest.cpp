@@ -152,6 +152,25 @@ TEST(MainWindow, menuEntriesAndShortcutsStartScans) {
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
 }
 
+TEST(MainWindow, menusWorkByKeyboard) {
+    TestApp app;
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    ASSERT_TRUE(driver.tabTo("Scan: Entire disk"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(driver.await("Home Folder", QAccessible::MenuItem));
+    driver.key(Qt::Key_Down);
+    driver.key(Qt::Key_Down);
+    driver.key(Qt::Key_Return);
+    EXPECT_EQ(app.walks.begun(0).rootPath, app.homeFolder);
+    EXPECT_TRUE(driver.awaitGone("Home Folder"));
+
+    driver.key(Qt::Key_F10);
+    ASSERT_TRUE(driver.await("Quit Brimlet", QAccessible::MenuItem));
+    driver.key(Qt::Key_Escape);
+    EXPECT_TRUE(driver.awaitGone("Quit Brimlet"));
+}
+
 TEST(MainWindow, updateDialogShowsTheAnswer) {
     TestApp app;
     TestWindow window(app);
@@ -223,14 +242,17 @@ TEST(MainWindow, everyNoticeHasItsOwnEightSeconds) {
 TEST(MainWindow, noticeOffersUndoOnlyWhereItCan) {
     TestApp app;
     TestWindow window(app);
-    QSignalSpy restored(&window.state(), &AppState::restoreWanted);
+    HistoryEntry entry;
+    entry.originalPath = app.disk.path("a.txt");
+    entry.trashPath = app.disk.file(".Trash/a.txt", 10);
     Toast toast;
     toast.message = "Moved to Trash";
-    toast.undoable = {HistoryEntry{}};
+    toast.undoable = {entry};
     window.state().setToast(toast);
     window.driver().click("Undo", QAccessible::Button);
-    EXPECT_EQ(restored.count(), 1);
-    EXPECT_FALSE(window.state().toast().has_value());
+    EXPECT_TRUE(app.disk.exists("a.txt"));
+    ASSERT_TRUE(window.state().toast().has_value());
+    EXPECT_EQ(window.state().toast()->message, "1 item(s) restored");
 
     window.state().setToast(Toast{});
     window.driver().click("Close", QAccessible::Button);
@@ -242,7 +264,7 @@ TEST(MainWindow, everythingIsReachedByTab) {
     app.preferences.values["initialSection"] = std::string("overview");
     TestWindow window(app);
     for (const char* name :
-         {"Sections", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
+         {"Overview", "Scan: Entire disk", "Scan", "Menu", "Scan Entire Disk", "Home Folder Only"})
         EXPECT_TRUE(window.driver().tabTo(name)) << name;
     window.driver().key(Qt::Key_Space);
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
@@ -256,7 +278,8 @@ TEST(MainWindow, sheetKeepsTheKeyboardAndGivesItBack) {
     WindowDriver& driver = window.driver();
     ASSERT_TRUE(driver.tabTo("Home Folder Only"));
     driver.key(Qt::Key_Return);
-    ASSERT_TRUE(eventually([&] { return driver.focused() == "Open Settings"; })) << driver.focused().toStdString();
+    ASSERT_TRUE(eventually([&] { return driver.focused() == "Open Settings"; }))
+        << driver.focused().toStdString();
     EXPECT_FALSE(driver.tabTo("Home Folder Only", 10));
     ASSERT_TRUE(driver.tabTo("Scan Without Access"));
     driver.key(Qt::Key_Return);

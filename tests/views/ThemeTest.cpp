@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <QQmlComponent>
 
 namespace brimlet {
 namespace {
@@ -25,7 +26,9 @@ double contrast(const QColor& one, const QColor& other) {
 
 /// What a translucent colour looks like on a surface.
 QColor over(const QColor& color, const QColor& surface) {
-    const auto mix = [&](float top, float below) { return top * color.alphaF() + below * (1 - color.alphaF()); };
+    const auto mix = [&](float top, float below) {
+        return top * color.alphaF() + below * (1 - color.alphaF());
+    };
     return QColor::fromRgbF(mix(color.redF(), surface.redF()), mix(color.greenF(), surface.greenF()),
                             mix(color.blueF(), surface.blueF()));
 }
@@ -38,8 +41,11 @@ QColor withAlpha(QColor color, double alpha) {
 TEST(Theme, textsStandOutFromTheirSurfaces) {
     test::TestApp app;
     test::TestWindow window(app);
-    QObject* theme = window.engine().singletonInstance<QObject*>(qmlTypeId("Brimlet", 1, 0, "Theme"));
-    ASSERT_NE(theme, nullptr);
+    QQmlComponent reader(&window.engine());
+    reader.setData("import QtQml; import Brimlet; QtObject { property QtObject theme: Theme }", {});
+    const std::unique_ptr<QObject> holder(reader.create());
+    ASSERT_NE(holder, nullptr) << reader.errorString().toStdString();
+    const auto* theme = holder->property("theme").value<QObject*>();
     const auto token = [&](const char* name) { return theme->property(name).value<QColor>(); };
     const double tint = theme->property("tint").toDouble();
 

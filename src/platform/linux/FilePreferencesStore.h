@@ -4,14 +4,14 @@
 // as empty until then.
 #pragma once
 
-#include "json/Json.h"
 #include "platform/PreferencesStore.h"
+#include "json/Json.h"
 
 namespace brimlet {
 
 class FilePreferencesStore final : public PreferencesStore {
 public:
-    /// file  absolute; its folder is made on the first write
+    /// file  absolute; its folder and the one above are made on the first write
     explicit FilePreferencesStore(std::string file);
 
     /// Where the application keeps its preferences.

@@ -1,13 +1,15 @@
-// What a file or folder is, as a symbol on its kind's tint.
+// What a file or folder is, as a symbol on the tint of its kind.
 import QtQuick
 import Brimlet
 
 Rectangle {
     id: icon
 
-    property string symbol: "doc.text.fill"
-    property color tint: Theme.accent
+    required property string path ///< as shown; its last component tells the kind
+    property bool directory: false
     property int size: Theme.iconLarge
+
+    readonly property color tint: FileLooks.color(path, directory)
 
     color: Theme.withAlpha(tint, Theme.tint)
     implicitHeight: size
@@ -18,6 +20,6 @@ Rectangle {
         anchors.centerIn: parent
         color: icon.tint
         size: Math.round(icon.size * 0.58)
-        symbol: icon.symbol
+        symbol: FileLooks.symbol(icon.path, icon.directory)
     }
 }

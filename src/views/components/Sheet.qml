@@ -14,6 +14,7 @@ T.Popup {
     property alias buttons: foot.data
 
     signal dismissed
+    signal defaultWanted ///< the Return key, where no button has the focus
 
     readonly property real roomHeight: parent ? parent.height * 0.8 : 0
 
@@ -57,6 +58,9 @@ T.Popup {
 
         Accessible.name: sheet.title
         Accessible.role: Accessible.Dialog
+
+        Keys.onEnterPressed: sheet.defaultWanted()
+        Keys.onReturnPressed: sheet.defaultWanted()
 
         ColumnLayout {
             id: column

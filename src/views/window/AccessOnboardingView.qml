@@ -82,8 +82,8 @@ Sheet {
             }
             AppText {
                 Layout.fillWidth: true
-                text: step.modelData
-                textFormat: Text.MarkdownText
+                text: step.modelData.replace(/\*\*(.+?)\*\*/g, "<b>$1</b>")
+                textFormat: Text.StyledText
                 wrapMode: Text.Wrap
             }
         }

@@ -51,5 +51,6 @@ FocusScope {
         }
     }
     AccessOnboardingView {}
+    ConfirmDeletionView {}
     UpdateDialog {}
 }

@@ -74,6 +74,11 @@ Item {
             text: qsTr("Menu")
             onClicked: mainMenu.opened ? mainMenu.close() : mainMenu.open()
 
+            Shortcut {
+                sequence: "F10"
+                onActivated: mainMenu.open()
+            }
+
             MainMenu {
                 id: mainMenu
 

@@ -7,7 +7,10 @@ FocusScope {
     id: host
 
     readonly property var screens: ({
-        "overview": "OverviewView.qml"
+        "smartClean": "SmartCleanView.qml",
+        "overview": "OverviewView.qml",
+        "junk": "JunkView.qml",
+        "history": "HistoryView.qml"
     })
 
     Loader {

@@ -4,7 +4,7 @@ import QtQuick.Layouts
 import Brimlet
 import Brimlet.App
 
-Item {
+FocusScope {
     id: row
 
     required property string sectionId
@@ -47,6 +47,7 @@ Item {
 
         anchors.top: groupSpace.bottom
         color: row.current ? Theme.selection : pointer.hovered ? Theme.hover : "transparent"
+        focus: true
         height: Theme.rowHeight
         radius: Theme.radiusControl
         width: row.width

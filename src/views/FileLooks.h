@@ -1,0 +1,22 @@
+// How a file or folder presents itself in a list: a symbol and a colour, told by its name.
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <QtQml/qqmlregistration.h>
+
+namespace brimlet {
+
+class FileLooks : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    /// A name in the icon table. A file looks like its kind, a package like an application.
+    Q_INVOKABLE QString symbol(const QString& path, bool directory) const;
+    Q_INVOKABLE QColor color(const QString& path, bool directory) const;
+};
+
+} // namespace brimlet

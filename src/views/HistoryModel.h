@@ -1,0 +1,67 @@
+// What has been deleted, newest first, and what of it can be put back. A row looks at the disk when it is
+// drawn, so only rows on screen cost anything. Selected rows are known by their entry.
+#pragma once
+
+#include "app/AppState.h"
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+#include <set>
+#include <vector>
+
+namespace brimlet {
+
+class HistoryModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    enum Role { date = Qt::UserRole, name, place, size, method, restorable, selected };
+
+    /// What a click or a key does to what was selected before.
+    enum SelectionMode { Replace, Toggle, Extend };
+    Q_ENUM(SelectionMode)
+
+    explicit HistoryModel(QObject* parent = nullptr);
+
+    AppState* state() const { return m_state; }
+    void setState(AppState* state);
+    int count() const { return rowCount(); }
+
+    Q_INVOKABLE void restore(int row);
+
+    /// Every selected row, as far as it can be put back; says how many were.
+    Q_INVOKABLE void restoreSelected();
+
+    Q_INVOKABLE void select(int row, brimlet::HistoryModel::SelectionMode mode);
+    Q_INVOKABLE void selectAll();
+    Q_INVOKABLE void clearSelection();
+
+    /// Has the rows on screen look at the disk again.
+    Q_INVOKABLE void lookAgain();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void stateChanged();
+    void countChanged();
+
+private:
+    const HistoryEntry& entryAt(int row) const { return m_entries[static_cast<std::size_t>(row)]; }
+    bool isRow(int row) const { return row >= 0 && row < rowCount(); }
+    void readHistory();
+    void rolesChanged(const QList<int>& roles);
+
+    QPointer<AppState> m_state;
+    std::vector<HistoryEntry> m_entries;
+    std::set<Uuid> m_selection;
+    int m_anchor = 0; // the row from which a range extends
+};
+
+} // namespace brimlet

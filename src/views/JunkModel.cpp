@@ -1,0 +1,228 @@
+#include "views/JunkModel.h"
+
+#include "app/Formats.h"
+#include "app/Texts.h"
+#include "core/FileKind.h"
+#include "core/Paths.h"
+#include "junk/JunkCatalogue.h"
+
+#include <algorithm>
+#include <QLocale>
+
+namespace brimlet {
+
+JunkModel::JunkModel(QObject* parent)
+    : QAbstractListModel(parent) {}
+
+void JunkModel::setState(AppState* state) {
+    if (m_state == state)
+        return;
+    if (m_state)
+        m_state->disconnect(this);
+    m_state = state;
+    if (m_state)
+        connect(m_state, &AppState::junkChanged, this, &JunkModel::readJunk);
+    emit stateChanged();
+    readJunk();
+}
+
+void JunkModel::readJunk() {
+    beginResetModel();
+    m_rows.clear();
+    m_totals.clear();
+    if (m_state) {
+        m_selection.adopt(junk());
+        for (const JunkFinding& finding : junk())
+            m_totals.push_back(finding.total());
+        for (const JunkGroup group : allJunkGroups) {
+            bool first = true;
+            for (std::size_t i = 0; i < junk().size(); ++i) {
+                if (junk()[i].rule.group != group)
+                    continue;
+                if (std::exchange(first, false))
+                    m_rows.push_back({Kind::group, i, 0});
+                m_rows.push_back({Kind::rule, i, 0});
+                if (isExpanded(junk()[i])) {
+                    const std::vector<Row> opened = openedRows(i);
+                    m_rows.insert(m_rows.end(), opened.begin(), opened.end());
+                }
+            }
+        }
+    }
+    endResetModel();
+    emit selectionChanged();
+}
+
+std::vector<JunkModel::Row> JunkModel::openedRows(std::size_t finding) const {
+    const std::size_t items = junk()[finding].items.size();
+    std::vector<Row> rows;
+    for (std::size_t i = 0; i < std::min(items, listedItems); ++i)
+        rows.push_back({Kind::item, finding, i});
+    if (items > listedItems)
+        rows.push_back({Kind::more, finding, 0});
+    return rows;
+}
+
+const JunkModel::Row* JunkModel::rowAt(int row) const {
+    return m_state && row >= 0 && row < rowCount() ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
+}
+
+void JunkModel::setExpanded(int row, bool open) {
+    const Row* const rule = rowAt(row);
+    if (rule == nullptr || rule->kind != Kind::rule || isExpanded(findingOf(*rule)) == open)
+        return;
+    const std::string_view id = findingOf(*rule).rule.id;
+    const std::vector<Row> opened = openedRows(rule->finding);
+    const auto below = m_rows.begin() + row + 1;
+    const int last = row + static_cast<int>(opened.size());
+    if (open) {
+        m_expanded.emplace(id);
+        if (!opened.empty()) {
+            beginInsertRows({}, row + 1, last);
+            m_rows.insert(below, opened.begin(), opened.end());
+            endInsertRows();
+        }
+    } else {
+        m_expanded.erase(std::string(id));
+        if (!opened.empty()) {
+            beginRemoveRows({}, row + 1, last);
+            m_rows.erase(below, below + static_cast<std::ptrdiff_t>(opened.size()));
+            endRemoveRows();
+        }
+    }
+    emit dataChanged(index(row), index(row), {expanded});
+}
+
+void JunkModel::toggleTick(int row) {
+    const Row* const ticked = rowAt(row);
+    if (ticked == nullptr)
+        return;
+    if (ticked->kind == Kind::rule)
+        m_selection.toggleAll(ticked->finding, findingOf(*ticked));
+    else if (ticked->kind == Kind::item)
+        m_selection.toggle(ticked->finding, itemOf(*ticked));
+    else
+        return;
+    ticksChanged();
+}
+
+void JunkModel::clearSelection() {
+    m_selection.clear();
+    ticksChanged();
+}
+
+void JunkModel::ticksChanged() {
+    if (!m_rows.empty())
+        emit dataChanged(index(0), index(rowCount() - 1), {tick});
+    emit selectionChanged();
+}
+
+void JunkModel::reveal(int row) {
+    const Row* const shown = rowAt(row);
+    if (shown != nullptr && shown->kind == Kind::item)
+        m_state->opener().revealPath(itemOf(*shown).path);
+}
+
+void JunkModel::clean() {
+    if (!m_state)
+        return;
+    std::vector<ChosenJunk> chosen;
+    for (const JunkFinding& finding : junk()) {
+        for (const JunkItem& item : finding.items) {
+            if (m_selection.contains(item))
+                chosen.push_back({item, finding.rule.removal});
+        }
+    }
+    m_state->proposeJunkPlan(std::move(chosen));
+}
+
+int JunkModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant JunkModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_state)
+        return {};
+    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole)
+        role = title;
+    if (role == kind) {
+        static constexpr std::array<const char*, 4> names = {"group", "rule", "item", "more"};
+        return QString::fromLatin1(names.at(static_cast<std::size_t>(row.kind)));
+    }
+    switch (row.kind) {
+    case Kind::group:
+        return groupData(row, role);
+    case Kind::rule:
+        return ruleData(row, role);
+    case Kind::item:
+        return itemData(row, role);
+    case Kind::more:
+        break;
+    }
+    const auto hidden = static_cast<qint64>(findingOf(row).items.size() - listedItems);
+    return role == title ? tr("… and %1 more").arg(countText(hidden, QLocale())) : QVariant();
+}
+
+QVariant JunkModel::groupData(const Row& row, int role) const {
+    const JunkGroupLook& group = look(findingOf(row).rule.group);
+    switch (role) {
+    case title:
+        return translatedText(group.title);
+    case symbol:
+        return shownText(group.symbol);
+    default:
+        return {};
+    }
+}
+
+QVariant JunkModel::ruleData(const Row& row, int role) const {
+    const JunkFinding& finding = findingOf(row);
+    switch (role) {
+    case title:
+        return translatedText(finding.rule.title);
+    case detail:
+        return translatedText(finding.rule.explanation);
+    case size:
+        return m_totals[row.finding];
+    case count:
+        return static_cast<qint64>(finding.items.size());
+    case risk:
+        return static_cast<int>(finding.rule.risk);
+    case removal:
+        return finding.rule.removal == Removal::trash ? tr("Moved to Trash") : tr("Deleted immediately");
+    case expanded:
+        return isExpanded(finding);
+    case tick:
+        return static_cast<int>(m_selection.state(row.finding, finding));
+    default:
+        return {};
+    }
+}
+
+QVariant JunkModel::itemData(const Row& row, int role) const {
+    const JunkItem& item = itemOf(row);
+    switch (role) {
+    case title:
+        return shownText(lastPathComponent(item.path));
+    case size:
+        return qint64{item.size};
+    case directory:
+        return fileKindForName(lastPathComponent(item.path)) == FileKind::other; // most junk is folders
+    case tick:
+        return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
+    case path:
+        return shownText(displayPath(item.path, m_state->homeFolder()));
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> JunkModel::roleNames() const {
+    return {{kind, "kind"},     {title, "title"},     {detail, "detail"},     {symbol, "symbol"},
+            {size, "size"},     {count, "count"},     {risk, "risk"},         {removal, "removal"},
+            {tick, "tick"},     {path, "path"},       {expanded, "expanded"},
+            {directory, "directory"}};
+}
+
+} // namespace brimlet

@@ -1,0 +1,88 @@
+// The rows of the confirmation sheet: what is safe, what wants a look, and what stays, each under its heading.
+//
+// Keeps the last plan while the sheet closes. Holds positions only beside the plan, so that thousands of items
+// open at once.
+#pragma once
+
+#include "app/AppState.h"
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+#include <array>
+#include <vector>
+
+namespace brimlet {
+
+class PlanModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
+    Q_PROPERTY(QString title READ title NOTIFY planChanged)
+    Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
+    Q_PROPERTY(QString reviewConsent READ reviewConsent NOTIFY planChanged)
+    Q_PROPERTY(QString protectedNote READ protectedNote NOTIFY planChanged)
+    Q_PROPERTY(bool acceptedReview READ acceptedReview WRITE setAcceptedReview NOTIFY acceptedReviewChanged)
+    Q_PROPERTY(double total READ total NOTIFY acceptedReviewChanged)
+    Q_PROPERTY(bool canDelete READ canDelete NOTIFY acceptedReviewChanged)
+    Q_PROPERTY(QString deleteLabel READ deleteLabel NOTIFY explanationChanged)
+
+public:
+    /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is a Risk.
+    enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path, directory };
+
+    explicit PlanModel(QObject* parent = nullptr);
+
+    AppState* state() const { return m_state; }
+    void setState(AppState* state);
+
+    QString title() const;
+    QString explanation() const;
+    QString reviewConsent() const; ///< markdown; empty where nothing wants a look
+    QString protectedNote() const; ///< empty where nothing is protected
+    bool acceptedReview() const { return m_acceptedReview; }
+    void setAcceptedReview(bool accepted);
+    qint64 total() const; ///< bytes of what would be deleted now
+    bool canDelete() const;
+    QString deleteLabel() const;
+
+    Q_INVOKABLE void cancel();
+    Q_INVOKABLE void confirm();
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+signals:
+    void stateChanged();
+    void planChanged();
+    void explanationChanged();
+    void acceptedReviewChanged();
+
+private:
+    struct Section {
+        qint64 count = 0;
+        qint64 size = 0;
+    };
+    struct Row {
+        Risk sectionRisk = Risk::safe;
+        std::size_t item = heading; // position in the plan
+    };
+    static constexpr std::size_t heading = static_cast<std::size_t>(-1);
+
+    const Section& section(Risk wanted) const { return m_sections.at(static_cast<std::size_t>(wanted)); }
+    bool permanently() const { return m_state && m_state->permanentDelete(); }
+    void readPlan();
+    void buildRows();
+    QVariant headingData(Risk risk, int role) const;
+    QVariant itemData(const PlanItem& item, int role) const;
+
+    QPointer<AppState> m_state;
+    DeletionPlan m_plan;
+    std::vector<Row> m_rows;
+    std::array<Section, allRisks.size()> m_sections;
+    bool m_acceptedReview = false;
+};
+
+} // namespace brimlet

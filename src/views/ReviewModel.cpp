@@ -1,0 +1,72 @@
+#include "views/ReviewModel.h"
+
+#include "app/Texts.h"
+#include "junk/JunkCatalogue.h"
+
+namespace brimlet {
+
+ReviewModel::ReviewModel(QObject* parent)
+    : QAbstractListModel(parent) {}
+
+void ReviewModel::setState(AppState* state) {
+    if (m_state == state)
+        return;
+    if (m_state)
+        m_state->disconnect(this);
+    m_state = state;
+    if (m_state)
+        connect(m_state, &AppState::junkChanged, this, &ReviewModel::readJunk);
+    emit stateChanged();
+    readJunk();
+}
+
+void ReviewModel::readJunk() {
+    beginResetModel();
+    m_rows.clear();
+    if (m_state) {
+        for (const JunkGroup group : allJunkGroups) {
+            Row row{group, 0, {}};
+            for (const JunkFinding& finding : m_state->junk()) {
+                if (finding.rule.group != group)
+                    continue;
+                const qint64 size = finding.total();
+                row.total += size;
+                row.findings.append(QVariant::fromValue(
+                    ReviewRule{shownText(finding.rule.id), translatedText(finding.rule.title),
+                               translatedText(finding.rule.explanation), size}));
+            }
+            if (!row.findings.isEmpty())
+                m_rows.push_back(std::move(row));
+        }
+    }
+    endResetModel();
+}
+
+int ReviewModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant ReviewModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case Qt::DisplayRole:
+    case title:
+        return translatedText(look(row.group).title);
+    case symbol:
+        return shownText(look(row.group).symbol);
+    case total:
+        return row.total;
+    case findings:
+        return row.findings;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> ReviewModel::roleNames() const {
+    return {{title, "title"}, {symbol, "symbol"}, {total, "total"}, {findings, "findings"}};
+}
+
+} // namespace brimlet

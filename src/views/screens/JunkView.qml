@@ -1,0 +1,181 @@
+pragma ComponentBehavior: Bound
+
+// Everything that Quick Clean checks, item by item.
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Qt.labs.qmlmodels
+import Brimlet
+import Brimlet.App
+
+FocusScope {
+    id: view
+
+    readonly property bool empty: list.count === 0
+
+    Component.onCompleted: {
+        if (empty && !App.junkLoading)
+            App.loadJunk();
+    }
+
+    JunkModel {
+        id: junk
+
+        property real scrolled: 0
+
+        state: App
+
+        // A new list keeps the place that the user was reading.
+        onModelAboutToBeReset: scrolled = list.contentY - list.originY
+        onModelReset: list.scrollTo(scrolled)
+    }
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        PageHeader {
+            Layout.fillWidth: true
+            Layout.margins: Theme.spaceXl
+            Layout.bottomMargin: Theme.spaceM
+            subtitle: qsTr("Everything Quick Clean checks, item by item.")
+            title: qsTr("Junk")
+
+            AppButton {
+                enabled: !App.junkLoading
+                symbol: "arrow.clockwise"
+                text: qsTr("Scan Again")
+                onClicked: App.loadJunk()
+            }
+        }
+        SearchLine {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.spaceXl
+            Layout.rightMargin: Theme.spaceXl
+            running: App.junkLoading
+            text: qsTr("Searching…")
+        }
+        ListView {
+            id: list
+
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            activeFocusOnTab: true
+            bottomMargin: Theme.spaceXl
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            currentIndex: 0
+            focus: true
+            highlightFollowsCurrentItem: false
+            leftMargin: Theme.spaceXl
+            model: junk
+            reuseItems: true
+            rightMargin: Theme.spaceXl
+            visible: !view.empty
+
+            readonly property real rowWidth: width - leftMargin - rightMargin
+
+            Accessible.name: qsTr("Junk")
+            Accessible.role: Accessible.List
+
+            Keys.onLeftPressed: junk.setExpanded(currentIndex, false)
+            Keys.onReturnPressed: toggleExpanded()
+            Keys.onRightPressed: junk.setExpanded(currentIndex, true)
+            Keys.onSpacePressed: junk.toggleTick(currentIndex)
+            Keys.onMenuPressed: openMenu(currentIndex)
+            Keys.onPressed: event => {
+                if (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+                    openMenu(currentIndex);
+                    event.accepted = true;
+                }
+            }
+
+            T.ScrollBar.vertical: AppScrollBar {}
+
+            function toggleExpanded() {
+                junk.setExpanded(currentIndex, !(currentItem as JunkRuleRow)?.expanded);
+            }
+
+            function scrollTo(distance: real) {
+                contentY = originY + Math.max(0, Math.min(distance, contentHeight - height));
+            }
+
+            function openMenu(row: int) {
+                if (!(itemAtIndex(row) instanceof JunkItemRow))
+                    return;
+                currentIndex = row;
+                menu.row = row;
+                menu.popup(itemAtIndex(row), Theme.spaceXxl, Theme.rowHeight);
+            }
+
+            delegate: DelegateChooser {
+                role: "kind"
+
+                DelegateChoice {
+                    roleValue: "group"
+
+                    JunkGroupRow {
+                        width: list.rowWidth
+                    }
+                }
+                DelegateChoice {
+                    roleValue: "rule"
+
+                    JunkRuleRow {
+                        focusShown: list.activeFocus && list.currentIndex === index
+                        width: list.rowWidth
+                        onOpened: open => { list.currentIndex = index; junk.setExpanded(index, open); }
+                        onTicked: { list.currentIndex = index; junk.toggleTick(index); }
+                    }
+                }
+                DelegateChoice {
+                    roleValue: "item"
+
+                    JunkItemRow {
+                        focusShown: list.activeFocus && list.currentIndex === index
+                        width: list.rowWidth
+                        onMenuWanted: list.openMenu(index)
+                        onTicked: { list.currentIndex = index; junk.toggleTick(index); }
+                    }
+                }
+                DelegateChoice {
+                    roleValue: "more"
+
+                    AppText {
+                        required property string title
+
+                        color: Theme.textSecondary
+                        height: Theme.rowHeight
+                        leftPadding: Theme.junkIndent
+                        text: title
+                        width: list.rowWidth
+                    }
+                }
+            }
+        }
+        EmptyState {
+            Layout.fillHeight: true
+            Layout.fillWidth: true
+            message: App.junkLoading ? qsTr("Searching…") : qsTr("Your Mac is clean. No junk found.")
+            symbol: App.junkLoading ? "magnifyingglass" : "checkmark.shield.fill"
+            visible: view.empty
+        }
+        SelectionBar {
+            Layout.fillWidth: true
+            actionTitle: qsTr("Clean…")
+            count: junk.selectedCount
+            size: junk.selectedSize
+            onActed: junk.clean()
+            onCleared: junk.clearSelection()
+        }
+    }
+    AppMenu {
+        id: menu
+
+        property int row: -1
+
+        AppMenuItem {
+            text: qsTr("Show in Finder")
+            onTriggered: junk.reveal(menu.row)
+        }
+    }
+}
