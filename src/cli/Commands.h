@@ -18,6 +18,9 @@ void addScanCommand(CLI::App& app, ExitStatus& status);
 void addMeasureCommand(CLI::App& app, ExitStatus& status);
 void addJunkCommand(CLI::App& app, ExitStatus& status);
 void addVerdictCommand(CLI::App& app, ExitStatus& status);
+void addRemoveCommand(CLI::App& app, ExitStatus& status);
+void addHistoryCommand(CLI::App& app, ExitStatus& status);
+void addRestoreCommand(CLI::App& app, ExitStatus& status);
 
 /// Writes one sentence to standard error. Returns `failed`.
 ExitStatus fail(std::string_view sentence);

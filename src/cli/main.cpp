@@ -15,6 +15,9 @@ constexpr auto addCommands = {
     addMeasureCommand,
     addJunkCommand,
     addVerdictCommand,
+    addRemoveCommand,
+    addHistoryCommand,
+    addRestoreCommand,
 };
 
 int run(int argc, char** argv) {

@@ -38,10 +38,14 @@ PlatformError refusal(std::string_view sentence) {
 
 } // namespace
 
+std::string historyFolder(const std::string& homeFolder) {
+    return homeFolder + "/Library/Application Support/Brimlet";
+}
+
 DeletionHistory::DeletionHistory(RecordStore& store, FileRemoval& removal)
     : m_store(store)
     , m_removal(removal) {
-    m_entries = readFile().value_or(std::vector<HistoryEntry>());
+    m_entries = readFile().entries;
     m_base = identifiersOf(m_entries);
     recover();
 }
@@ -50,13 +54,17 @@ std::string DeletionHistory::filePath() const {
     return m_store.folder() + "/" + std::string(fileName);
 }
 
-/// The file's entries, none when there is no file; empty when it can't be read or doesn't decode.
-std::optional<std::vector<HistoryEntry>> DeletionHistory::readFile() {
+DeletionHistory::File DeletionHistory::readFile() {
     const auto bytes = m_store.read(fileName);
     const auto* text = std::get_if<std::optional<std::string>>(&bytes);
     if (text == nullptr)
-        return std::nullopt;
-    return *text ? historyFromText(**text) : std::vector<HistoryEntry>();
+        return {FileState::damaged, {}};
+    if (!*text)
+        return {FileState::missing, {}};
+    auto entries = historyFromText(**text);
+    if (!entries)
+        return {FileState::damaged, {}};
+    return {FileState::whole, std::move(*entries)};
 }
 
 bool DeletionHistory::keepDamagedFile() {
@@ -75,12 +83,12 @@ bool DeletionHistory::save() {
     const auto lock = m_store.lock();
     if (errorIn(lock) != nullptr)
         return false;
-    const auto theirs = readFile();
-    if (!theirs && !keepDamagedFile())
+    const File file = readFile();
+    if (file.state == FileState::damaged && !keepDamagedFile())
         return false;
     // A file that is gone or damaged says nothing about what others took away.
     std::vector<HistoryEntry> merged =
-        theirs && !theirs->empty() ? mergedHistory(m_base, m_entries, *theirs) : m_entries;
+        file.state == FileState::whole ? mergedHistory(m_base, m_entries, file.entries) : m_entries;
     applyRestored(merged);
     if (m_store.replace(fileName, historyText(merged)))
         return false;

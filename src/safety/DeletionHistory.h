@@ -26,6 +26,10 @@
 
 namespace brimlet {
 
+/// Where the application and the command line keep the history: "Library/Application Support/Brimlet" of the
+/// home folder.
+std::string historyFolder(const std::string& homeFolder);
+
 class DeletionHistory {
 public:
     /// Loads the file and completes what was interrupted. Both must outlive the history.
@@ -60,7 +64,13 @@ public:
     bool save();
 
 private:
-    std::optional<std::vector<HistoryEntry>> readFile();
+    enum class FileState { missing, whole, damaged }; ///< damaged: can't be read, or doesn't decode
+    struct File {
+        FileState state = FileState::missing;
+        std::vector<HistoryEntry> entries;
+    };
+
+    File readFile();
     bool keepDamagedFile();
     void recover();
     bool isThere(const std::string& path) const;

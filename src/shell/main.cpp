@@ -40,6 +40,8 @@ int main(int argc, char** argv) {
         return 2;
     }
 
+    // Every page is compiled into the program; a cache would only be one more folder in the user's home.
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brimlet"));

@@ -4,24 +4,9 @@
 
 namespace brimlet {
 
-DiskSpace::DiskSpace(QObject* parent)
-    : QObject(parent) {}
-
-void DiskSpace::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::volumeChanged, this, &DiskSpace::changed);
-    emit stateChanged();
-    emit changed();
-}
-
 const std::optional<VolumeInfo>& DiskSpace::volume() const {
     static const std::optional<VolumeInfo> none;
-    return m_state ? m_state->volume() : none;
+    return state() ? state()->volume() : none;
 }
 
 double DiskSpace::usedFraction() const {

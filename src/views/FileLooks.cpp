@@ -8,29 +8,24 @@ namespace brimlet {
 
 namespace {
 
-constexpr QRgb folderColor = 0xff6e5bff;
+constexpr CategoryLook folderLook = {"folder", "Folder", "", "folder.fill", 0x6e5bff};
 
-std::string nameOf(const QString& path) {
-    return std::string(lastPathComponent(path.toStdString()));
-}
-
-/// A package is shown as the one thing that it is.
-bool isPlainFolder(const QString& path, bool directory) {
-    return directory && !isPackageName(nameOf(path));
+const CategoryLook& lookOf(const QString& path, bool directory) {
+    const std::string bytes = path.toStdString();
+    const std::string_view name = lastPathComponent(bytes);
+    if (!directory)
+        return look(fileKindForName(name));
+    return isPackageName(name) ? look(FileKind::application) : folderLook;
 }
 
 } // namespace
 
 QString FileLooks::symbol(const QString& path, bool directory) const {
-    if (isPlainFolder(path, directory))
-        return QStringLiteral("folder.fill");
-    return QString::fromStdString(std::string(look(fileKindForName(nameOf(path))).symbol));
+    return QString::fromStdString(std::string(lookOf(path, directory).symbol));
 }
 
 QColor FileLooks::color(const QString& path, bool directory) const {
-    if (isPlainFolder(path, directory))
-        return QColor::fromRgb(folderColor);
-    return QColor::fromRgb(look(fileKindForName(nameOf(path))).color);
+    return QColor::fromRgb(lookOf(path, directory).color);
 }
 
 } // namespace brimlet

@@ -14,7 +14,7 @@ class FileLooks : public QObject {
     QML_SINGLETON
 
 public:
-    /// A name in the icon table. Folders are folders, packages and files what their kind is.
+    /// A name in the icon table. A file looks like its kind, a package like an application.
     Q_INVOKABLE QString symbol(const QString& path, bool directory) const;
     Q_INVOKABLE QColor color(const QString& path, bool directory) const;
 };

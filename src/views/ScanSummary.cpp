@@ -36,31 +36,16 @@ QString placeName(const std::string& rootPath, const std::string& homeFolder) {
 
 } // namespace
 
-ScanSummary::ScanSummary(QObject* parent)
-    : QObject(parent) {}
-
-void ScanSummary::setState(AppState* state) {
-    if (m_state == state)
+void ScanSummary::read() {
+    if (!state()->hasScan())
         return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::revisionChanged, this, &ScanSummary::readScan);
-    emit stateChanged();
-    readScan();
-}
-
-void ScanSummary::readScan() {
-    if (!m_state || !m_state->hasScan())
-        return;
-    const ScanResult& scan = *m_state->scan();
+    const ScanResult& scan = *state()->scan();
     m_total = static_cast<double>(scan.root->size);
     m_files = static_cast<double>(scan.totalFiles);
     m_folders = static_cast<double>(scan.totalDirectories);
     m_unreadable = static_cast<double>(scan.unreadableDirectories);
     m_seconds = scan.duration;
-    m_place = placeName(scan.rootPath, m_state->homeFolder());
+    m_place = placeName(scan.rootPath, state()->homeFolder());
     m_buckets.clear();
     for (const Segment& segment : bucketSegments(scan))
         m_buckets.append(QVariant::fromValue(segment));

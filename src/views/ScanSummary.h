@@ -1,21 +1,17 @@
 // The first figures of the finished scan, for the Overview.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateReader.h"
 #include "views/Segment.h"
 
-#include <QObject>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <QVariantList>
 
 namespace brimlet {
 
-class ScanSummary : public QObject {
+class ScanSummary : public brimlet::AppStateReader { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(double total MEMBER m_total NOTIFY changed)
     Q_PROPERTY(double files MEMBER m_files NOTIFY changed)
     Q_PROPERTY(double folders MEMBER m_folders NOTIFY changed)
@@ -24,20 +20,13 @@ class ScanSummary : public QObject {
     Q_PROPERTY(QString place MEMBER m_place NOTIFY changed)          ///< the scanned folder, as shown
     Q_PROPERTY(QVariantList buckets MEMBER m_buckets NOTIFY changed) ///< Segment, largest first, none empty
 
-public:
-    explicit ScanSummary(QObject* parent = nullptr);
-
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
-
-signals:
-    void stateChanged();
-    void changed();
+protected:
+    void watch(AppState& state) override {
+        connect(&state, &AppState::revisionChanged, this, &ScanSummary::read);
+    }
+    void read() override;
 
 private:
-    void readScan();
-
-    QPointer<AppState> m_state;
     double m_total = 0;
     double m_files = 0;
     double m_folders = 0;

@@ -4,29 +4,14 @@
 
 namespace brimlet {
 
-ToastModel::ToastModel(QObject* parent)
-    : QObject(parent) {}
-
-void ToastModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::toastChanged, this, &ToastModel::takeToast);
-    emit stateChanged();
-    takeToast();
-}
-
-void ToastModel::takeToast() {
+void ToastModel::read() {
     if (shown()) {
-        const Toast& toast = *m_state->toast();
+        const Toast& toast = *state()->toast();
         m_message = QString::fromStdString(toast.message);
         m_detail = QString::fromStdString(toast.detail.value_or(""));
         m_canUndo = !toast.undoable.empty();
         QTimer::singleShot(stay, this, [this, id = toast.id] {
-            if (shown() && m_state->toast()->id == id)
+            if (shown() && state()->toast()->id == id)
                 close();
         });
     }
@@ -36,14 +21,14 @@ void ToastModel::takeToast() {
 void ToastModel::undo() {
     if (!shown())
         return;
-    const std::vector<HistoryEntry> entries = m_state->toast()->undoable;
-    close(); // what was restored is told by a notice of its own
-    m_state->restoreEntries(entries);
+    const std::vector<HistoryEntry> entries = state()->toast()->undoable;
+    close(); // First: the restoring shows a notice of its own.
+    state()->restoreEntries(entries);
 }
 
 void ToastModel::close() {
-    if (m_state)
-        m_state->setToast(std::nullopt);
+    if (state())
+        state()->setToast(std::nullopt);
 }
 
 } // namespace brimlet

@@ -112,6 +112,18 @@ TEST(Preferences, fileThatCannotBeReadIsAFolder) {
     EXPECT_EQ(Preferences(again).lowSpaceGB(), 20);
 }
 
+TEST(Preferences, missingHomeFolderIsNotMade) {
+    const test::TemporaryTree tree;
+    FilePreferencesStore store(FilePreferencesStore::standardFile(tree.path("home")));
+    store.setValue("menuBar", false);
+    EXPECT_EQ(store.value("menuBar"), PreferenceValue(false));
+    EXPECT_FALSE(tree.exists("home"));
+
+    tree.directory("home");
+    store.setValue("menuBar", true);
+    EXPECT_TRUE(tree.exists("home/Library/Preferences/com.brimlet.mac.json"));
+}
+
 TEST(Preferences, writesThatFailHoldForTheSession) {
     FilePreferencesStore store("/proc/brimlet/preferences.json");
     Preferences preferences(store);

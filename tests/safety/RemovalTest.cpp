@@ -58,7 +58,8 @@ TEST(GuardDeathTest, abortsBeforeAnythingOutsideIsChanged) {
     const std::string outside = stage.tree.fileWithText("outside/canary", "alive");
     EXPECT_DEATH((void)stage.run(outside, Removal::permanent), "guard: unlink of \"canary\"");
     EXPECT_DEATH((void)stage.run(outside, Removal::trash), "guard: rename of \"canary\"");
-    EXPECT_DEATH((void)stage.run(stage.tree.path("outside"), Removal::permanent), "guard: rename of \"outside\"");
+    EXPECT_DEATH((void)stage.run(stage.tree.path("outside"), Removal::permanent),
+                 "guard: rename of \"outside\"");
     EXPECT_TRUE(stage.tree.exists("outside/canary"));
 }
 
@@ -249,9 +250,8 @@ TEST(Removal, anyNameGoesToTheTrashAndBack) {
         if (byte != '/' && everyByte.size() < 254)
             everyByte += static_cast<char>(byte);
     }
-    const std::string names[] = {everyByte,   "\xff",    "line\nbreak", "caf\xe9",
-                                 "café.txt", " ",       "-rf",         "..."
-                                 ,           std::string(255, 'n')};
+    const std::string names[] = {everyByte, "\xff", "line\nbreak",        "caf\xe9", "café.txt", " ",
+                                 "-rf",     "...",  std::string(255, 'n')};
     for (const std::string& name : names) {
         const std::string path = stage.home(name);
         stage.tree.fileWithText("home/" + name, "content of " + name);

@@ -92,8 +92,9 @@ TEST(Trash, aThousandEqualNamesMovedAtOnceAllArrive) {
     std::vector<std::thread> movers;
     for (int thread = 0; thread < threads; ++thread) {
         movers.emplace_back([&, thread] {
-            DeletionExecutor executor(stage.removal, stage.store,
-                                      [](std::string_view) { return SafetyVerdict{Risk::safe, "safe"}; });
+            DeletionExecutor executor(stage.removal, stage.store, [](std::string_view) {
+                return SafetyVerdict{Risk::safe, "safe"};
+            });
             std::vector<DeletionRequest> requests;
             for (int i = thread * each; i < (thread + 1) * each; ++i)
                 requests.push_back(
@@ -129,8 +130,8 @@ TEST(Trash, worksWithoutAnExclusiveRename) {
         stage.tree.fileWithText("home/single", "text");
         EXPECT_TRUE(stage.run(stage.home("single"), Removal::trash).report.failures.empty());
     }
-    EXPECT_EQ(stage.trashNames(), (std::vector<std::string>{"folder", "folder 2", "folder 3", "single",
-                                                            "single 2", "single 3"}));
+    EXPECT_EQ(stage.trashNames(),
+              (std::vector<std::string>{"folder", "folder 2", "folder 3", "single", "single 2", "single 3"}));
 }
 
 /// A stage with another disk, a memory file system, at home/disk.

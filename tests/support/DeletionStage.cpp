@@ -1,5 +1,6 @@
 #include "support/DeletionStage.h"
 
+#include "core/Paths.h"
 #include "platform/linux/ScratchName.h"
 #include "safety/HistoryFormat.h"
 
@@ -18,7 +19,8 @@ DeletionStage::DeletionStage()
     , removal(home(), calls)
     , store(home("Library/Application Support/Brimlet"), calls)
     , executor(removal, store, [this](std::string_view path) {
-        judged.emplace_back(path);
+        if (!protectedFolder.empty() && (path == protectedFolder || isBelow(path, protectedFolder)))
+            return SafetyVerdict{Risk::protected_, "Out of bounds."};
         const auto verdict = verdicts.find(std::string(path));
         return verdict == verdicts.end() ? SafetyVerdict{Risk::safe, "Made for this test."} : verdict->second;
     }) {

@@ -24,7 +24,7 @@ public:
     LinuxFileRemoval removal;
     LinuxRecordStore store;
     std::map<std::string, SafetyVerdict> verdicts; ///< by path; what is not listed is safe
-    std::vector<std::string> judged;               ///< all paths that were judged, in order
+    std::string protectedFolder;                   ///< protected with all below it, when not empty
     DeletionExecutor executor;
 
     std::string home(std::string_view relative = "") const;

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <QApplication>
+#include <QTemporaryDir>
 
 namespace brimlet::test {
 
@@ -48,6 +49,8 @@ void prepareWindow();
 template <typename Application = QApplication>
 int runWindowTests(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir runtimeFolder; // a session's own folder; a bare machine has none
+    qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toLocal8Bit());
     prepareWindowTests();
     const Application application(argc, argv);
     prepareWindow();

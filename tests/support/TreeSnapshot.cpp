@@ -2,12 +2,19 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <sys/stat.h>
 
 namespace brimlet::test {
 
 namespace {
+
+std::string contentOf(const std::filesystem::path& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
 
 std::string described(const std::filesystem::path& path) {
     struct stat status {};
@@ -21,7 +28,7 @@ std::string described(const std::filesystem::path& path) {
     if (S_ISLNK(status.st_mode))
         text << std::filesystem::read_symlink(path).native();
     if (S_ISREG(status.st_mode) && status.st_size < (1 << 20))
-        text << std::ifstream(path, std::ios::binary).rdbuf();
+        text << std::hash<std::string>()(contentOf(path));
     return text.str();
 }
 

@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     qInstallMessageHandler(countWarnings);
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
     QQuickStyle::setStyle(QStringLiteral("Basic"));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Brimlet"));

@@ -152,6 +152,25 @@ TEST(MainWindow, menuEntriesAndShortcutsStartScans) {
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
 }
 
+TEST(MainWindow, menusWorkByKeyboard) {
+    TestApp app;
+    TestWindow window(app);
+    WindowDriver& driver = window.driver();
+    ASSERT_TRUE(driver.tabTo("Scan: Entire disk"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(driver.await("Home Folder", QAccessible::MenuItem));
+    driver.key(Qt::Key_Down);
+    driver.key(Qt::Key_Down);
+    driver.key(Qt::Key_Return);
+    EXPECT_EQ(app.walks.begun(0).rootPath, app.homeFolder);
+    EXPECT_TRUE(driver.awaitGone("Home Folder"));
+
+    driver.key(Qt::Key_F10);
+    ASSERT_TRUE(driver.await("Quit Brimlet", QAccessible::MenuItem));
+    driver.key(Qt::Key_Escape);
+    EXPECT_TRUE(driver.awaitGone("Quit Brimlet"));
+}
+
 TEST(MainWindow, updateDialogShowsTheAnswer) {
     TestApp app;
     TestWindow window(app);

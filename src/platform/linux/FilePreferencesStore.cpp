@@ -14,25 +14,18 @@ namespace brimlet {
 namespace {
 
 /// Far more than any list of exclusions needs.
-constexpr std::size_t sizeLimit = 16 * 1024 * 1024;
+constexpr std::size_t sizeLimit = 16'000'000;
 
 constexpr const char* dateKey = "millisecondsSince1970";
 
-template <typename... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-
 Json jsonOf(const PreferenceValue& value) {
-    return std::visit(Overloaded{
-                          [](const std::string& text) { return jsonString(text); },
-                          [](bool flag) { return Json(flag); },
-                          [](std::int64_t number) { return Json(number); },
-                          [](PreferenceDate date) {
-                              return Json{{dateKey, date.time_since_epoch().count()}};
-                          },
-                      },
-                      value);
+    if (const auto* text = std::get_if<std::string>(&value))
+        return jsonString(*text);
+    if (const auto* date = std::get_if<PreferenceDate>(&value))
+        return Json::object({{dateKey, date->time_since_epoch().count()}});
+    if (const auto* flag = std::get_if<bool>(&value))
+        return *flag;
+    return std::get<std::int64_t>(value);
 }
 
 std::optional<PreferenceValue> valueOf(const Json& json) {
@@ -60,8 +53,10 @@ bool writeAll(int descriptor, std::string_view bytes) {
 
 /// Writes beside the file, syncs, and renames over it, so that a crash leaves the old file or the new one.
 void replaceFile(const std::string& file, std::string_view bytes) {
-    std::error_code ignored;
-    std::filesystem::create_directories(std::filesystem::path(file).parent_path(), ignored);
+    // No more than the two folders that a home folder may lack: a home folder itself is not ours to make.
+    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    mkdir(folder.parent_path().c_str(), 0700);
+    mkdir(folder.c_str(), 0700);
     std::string temporary = file + ".XXXXXX";
     const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
     if (descriptor < 0)

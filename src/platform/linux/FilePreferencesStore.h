@@ -11,7 +11,7 @@ namespace brimlet {
 
 class FilePreferencesStore final : public PreferencesStore {
 public:
-    /// file  absolute; its folder is made on the first write
+    /// file  absolute; its folder and the one above are made on the first write
     explicit FilePreferencesStore(std::string file);
 
     /// Where the application keeps its preferences.

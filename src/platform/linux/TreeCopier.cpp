@@ -57,12 +57,8 @@ int TreeCopier::copyEntry(int from, const std::string& name, int to, const std::
         return -EXDEV;
     if (status.isFolder())
         return copyFolder(from, name, to, newName);
-    int result = 0;
-    if (status.isRegularFile())
-        result = status.links > 1 ? copyLinkedFile(from, name, status, to, newName)
-                                  : copyFile(from, name, status, to, newName);
-    else
-        result = status.isLink() ? copyLink(from, name, status, to, newName) : copyNode(status, to, newName);
+    const int result = status.links > 1 ? copyLinked(from, name, status, to, newName)
+                                        : copyLeaf(from, name, status, to, newName);
     if (result == 0)
         m_manifest.add(status);
     return result;
@@ -132,10 +128,17 @@ int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& st
     return isUnchanged(status, opened) ? 0 : -EBUSY;
 }
 
+int TreeCopier::copyLeaf(int from, const std::string& name, const FileStatus& status, int to,
+                         const std::string& newName) {
+    if (status.isRegularFile())
+        return copyFile(from, name, status, to, newName);
+    return status.isLink() ? copyLink(from, name, status, to, newName) : copyNode(status, to, newName);
+}
+
 // The first of several names is copied into a folder of its own; there all of them find it, however deep they
 // are.
-int TreeCopier::copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
-                               const std::string& newName) {
+int TreeCopier::copyLinked(int from, const std::string& name, const FileStatus& status, int to,
+                           const std::string& newName) {
     if (!m_links.isOpen()) {
         if (const int result = m_calls.makeFolder(m_target, linksFolder, S_IRWXU); result < 0)
             return result;
@@ -145,7 +148,7 @@ int TreeCopier::copyLinkedFile(int from, const std::string& name, const FileStat
     }
     const auto [first, isNew] = m_linkNames.emplace(status.inode, std::to_string(status.inode));
     if (isNew) {
-        if (const int result = copyFile(from, name, status, m_links.number(), first->second); result < 0)
+        if (const int result = copyLeaf(from, name, status, m_links.number(), first->second); result < 0)
             return result;
     }
     return m_calls.makeHardLink(m_links.number(), first->second.c_str(), to, newName.c_str());
@@ -165,8 +168,12 @@ int TreeCopier::copyLink(int from, const std::string& name, const FileStatus& st
 }
 
 int TreeCopier::copyNode(const FileStatus& status, int to, const std::string& newName) {
-    const int result =
-        m_calls.makeNode(to, newName.c_str(), status.mode & (S_IFMT | 0777), status.specialDevice);
+    int result = m_calls.makeNode(to, newName.c_str(), status.mode & (S_IFMT | 0777), status.specialDevice);
+    if (result < 0)
+        return result;
+    // The process's mask has taken bits away.
+    const Descriptor node(m_calls, m_calls.open(to, newName.c_str(), O_PATH | O_NOFOLLOW));
+    result = node.isOpen() ? m_calls.setModeOfPath(node.number(), status.mode & 0777) : node.number();
     return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str());
 }
 

@@ -40,8 +40,10 @@ private:
     int copyFolder(int from, const std::string& name, int to, const std::string& newName);
     int copyFile(int from, const std::string& name, const FileStatus& status, int to,
                  const std::string& newName);
-    int copyLinkedFile(int from, const std::string& name, const FileStatus& status, int to,
-                       const std::string& newName);
+    int copyLeaf(int from, const std::string& name, const FileStatus& status, int to,
+                 const std::string& newName);
+    int copyLinked(int from, const std::string& name, const FileStatus& status, int to,
+                   const std::string& newName);
     int copyLink(int from, const std::string& name, const FileStatus& status, int to,
                  const std::string& newName);
     int copyNode(const FileStatus& status, int to, const std::string& newName);

@@ -115,12 +115,17 @@ void TreeRemover::removeEntry(const std::string& name) {
 
 int TreeRemover::unlink(const char* name, int flags) {
     int result = m_calls.unlink(deepest(), name, flags);
-    if (result == -EACCES && !m_levels.empty() && !m_levels.back().permitted) {
-        m_levels.back().permitted = true;
-        if (permitOwner(m_calls, deepest(), m_levels.back().status) == 0)
-            result = m_calls.unlink(deepest(), name, flags);
-    }
+    if (result == -EACCES && permitDeepest())
+        result = m_calls.unlink(deepest(), name, flags);
     return result;
+}
+
+/// Tries once for permission in the folder that is being emptied. Whether it was given.
+bool TreeRemover::permitDeepest() {
+    if (m_levels.empty() || m_levels.back().permitted)
+        return false;
+    m_levels.back().permitted = true;
+    return permitOwner(m_calls, deepest(), m_levels.back().status) == 0;
 }
 
 int TreeRemover::checkFolder(int folder, FileStatus& status) {
@@ -132,7 +137,9 @@ int TreeRemover::checkFolder(int folder, FileStatus& status) {
 
 int TreeRemover::openFolder(const std::string& name) {
     constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK;
-    const int opened = m_calls.open(deepest(), name.c_str(), flags);
+    int opened = m_calls.open(deepest(), name.c_str(), flags);
+    if (opened == -EACCES && permitDeepest())
+        opened = m_calls.open(deepest(), name.c_str(), flags);
     if (opened != -EACCES)
         return opened;
     const int pinned = m_calls.open(deepest(), name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW);

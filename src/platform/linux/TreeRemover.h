@@ -45,6 +45,7 @@ private:
     void removeEntry(const std::string& name);
     bool mayRemove(const std::string& name);
     int unlink(const char* name, int flags);
+    bool permitDeepest();
     void enter(const std::string& name, int passes = 0);
     int openFolder(const std::string& name);
     int checkFolder(int folder, FileStatus& status);

@@ -34,13 +34,15 @@ Rectangle {
                 required property int index
                 required property var modelData
 
-                readonly property real share: bar.total > 0 ? modelData.value / bar.total : 0
+                // Whole pixels: a part that begins between two would show a seam.
+                readonly property real end: bar.total > 0 ? bar.segments.slice(0, index + 1).reduce(
+                    (sum, segment) => sum + segment.value, 0) / bar.total : 0
                 readonly property bool first: index === 0
                 readonly property bool last: index === bar.segments.length - 1
 
                 height: bar.height
                 opacity: bar.hovered === "" || bar.hovered === modelData.id ? 1 : Theme.dimmed
-                width: Math.max(0, bar.width * share - Theme.hairline)
+                width: Math.max(0, Math.round(bar.width * Math.min(1, end)) - x - (last ? 0 : Theme.hairline))
 
                 Accessible.name: modelData.title + ", " + Formats.bytes(modelData.value)
                 Accessible.role: Accessible.StaticText

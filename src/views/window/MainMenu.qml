@@ -7,6 +7,9 @@ AppMenu {
 
     required property AppCommands commands
 
+    AppMenuHeading {
+        text: qsTr("Scan")
+    }
     AppMenuItem {
         text: menu.commands.scanDisk.text
         shortcut: "Ctrl+R"

@@ -1,0 +1,38 @@
+// The deletion engine as the commands use it: the user's own Trash, history and safety policy.
+#pragma once
+
+#include "platform/linux/FileSystemCalls.h"
+#include "platform/linux/LinuxBundleReader.h"
+#include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/LinuxRecordStore.h"
+#include "platform/linux/LinuxRunningApplications.h"
+#include "safety/DeletionExecutor.h"
+#include "safety/DeletionHistory.h"
+#include "safety/SafetyPolicy.h"
+
+#include <string>
+#include <string_view>
+
+namespace brimlet {
+
+class DeletionEngine {
+public:
+    DeletionEngine();
+
+    /// The stricter of the verdicts on a path as given and on the path without links that it leads to.
+    SafetyVerdict verdict(const std::string& path);
+
+    FileSystemCalls calls;
+    LinuxBundleReader bundles;
+    LinuxRunningApplications running;
+    SafetyPolicy policy;
+    LinuxFileRemoval removal;
+    LinuxRecordStore records;
+    DeletionExecutor executor;
+    DeletionHistory history;
+};
+
+/// A relative path counts from the working folder; nothing else about a path is changed.
+std::string absoluteAsGiven(const std::string& path);
+
+} // namespace brimlet

@@ -1,0 +1,118 @@
+#include "cli/Commands.h"
+#include "cli/DeletionEngine.h"
+#include "cli/Terminal.h"
+#include "core/ByteFormat.h"
+#include "safety/HistoryFormat.h"
+#include "json/Json.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace brimlet {
+
+namespace {
+
+struct RestoreOptions {
+    std::vector<std::string> ids;
+    bool last = false;
+};
+
+std::string localTime(double secondsSince2001) {
+    constexpr double secondsFrom1970To2001 = 978307200;
+    const auto seconds = static_cast<std::time_t>(std::floor(secondsSince2001 + secondsFrom1970To2001));
+    std::tm parts{};
+    std::array<char, 32> text{};
+    if (localtime_r(&seconds, &parts) == nullptr ||
+        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts) == 0)
+        return "?";
+    return text.data();
+}
+
+ExitStatus showHistory(bool json) {
+    const DeletionEngine engine;
+    if (json) {
+        std::puts(historyText(engine.history.entries()).c_str());
+        return ExitStatus::done;
+    }
+    constexpr std::size_t sizeColumns = 10;
+    constexpr std::size_t stateColumns = 9;
+    for (const HistoryEntry& entry : engine.history.entries()) {
+        const char* const state = entry.restored ? "restored" : entry.trashPath ? "in Trash" : "deleted";
+        std::puts((entry.id.text() + "  " + localTime(entry.date) + "  " +
+                   padded(formatBytes(entry.size), sizeColumns, Align::right) + "  " +
+                   padded(state, stateColumns) + printable(entry.originalPath))
+                      .c_str());
+    }
+    return ExitStatus::done;
+}
+
+/// The entry that --last means: the newest that has a way back.
+const HistoryEntry* lastRestorable(const std::vector<HistoryEntry>& entries) {
+    const auto found = std::find_if(entries.begin(), entries.end(), [](const HistoryEntry& entry) {
+        return entry.trashPath && !entry.restored;
+    });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+const HistoryEntry* entryOf(const std::vector<HistoryEntry>& entries, const std::string& id) {
+    const auto uuid = Uuid::fromText(id);
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&](const HistoryEntry& entry) { return entry.id == uuid; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+ExitStatus restore(const RestoreOptions& options) {
+    if (options.last == !options.ids.empty())
+        return fail("Name entries of the history, or give --last.");
+    DeletionEngine engine;
+    const std::vector<HistoryEntry> known = engine.history.entries();
+    std::vector<HistoryEntry> wanted;
+    if (const HistoryEntry* entry = options.last ? lastRestorable(known) : nullptr)
+        wanted.push_back(*entry);
+    for (const std::string& id : options.ids) {
+        if (const HistoryEntry* entry = entryOf(known, id))
+            wanted.push_back(*entry);
+        else
+            fail("There is no entry " + id + " in the history.");
+    }
+    const std::size_t asked = options.last ? 1 : options.ids.size();
+    std::size_t restored = 0;
+    for (const HistoryEntry& entry : wanted) {
+        if (const Failure failure = engine.history.restoreIfPossible(entry)) {
+            fail(entry.originalPath + ": " + DeletionExecutor::reason(*failure));
+            continue;
+        }
+        ++restored;
+        std::puts(("Restored " + printable(entry.originalPath)).c_str());
+    }
+    if (restored == 0)
+        return fail("Nothing was restored.");
+    return restored == asked ? ExitStatus::done : ExitStatus::partly;
+}
+
+} // namespace
+
+void addHistoryCommand(CLI::App& app, ExitStatus& status) {
+    const auto json = std::make_shared<bool>(false);
+    CLI::App* command = app.add_subcommand("history", "List what was deleted, newest first");
+    command->add_flag("--json", *json, "Print the history in its file's format");
+    command->footer("Example:\n  brimlet-cli history");
+    command->callback([json, &status] { status = showHistory(*json); });
+}
+
+void addRestoreCommand(CLI::App& app, ExitStatus& status) {
+    const auto options = std::make_shared<RestoreOptions>();
+    CLI::App* command = app.add_subcommand("restore", "Put back what was moved to the Trash");
+    command->add_option("ids", options->ids, "Entries, as history lists them")->type_name("ID");
+    command->add_flag("--last", options->last, "The newest entry that is in the Trash");
+    command->footer("Nothing is ever overwritten.\n\nExample:\n  brimlet-cli restore --last");
+    command->callback([options, &status] { status = restore(*options); });
+}
+
+} // namespace brimlet

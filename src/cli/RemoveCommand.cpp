@@ -1,0 +1,171 @@
+#include "cli/Commands.h"
+#include "cli/DeletionEngine.h"
+#include "cli/RiskColor.h"
+#include "cli/Terminal.h"
+#include "core/ByteFormat.h"
+#include "core/MeasureTree.h"
+#include "core/Paths.h"
+#include "safety/DeletionPlanning.h"
+#include "json/Json.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace brimlet {
+
+namespace {
+
+struct RemoveOptions {
+    std::vector<std::string> paths;
+    bool permanent = false;
+    bool includeReview = false;
+    bool dryRun = false;
+    bool yes = false;
+    bool json = false;
+};
+
+DeletionPlan planFor(const RemoveOptions& options, DeletionEngine& engine) {
+    std::vector<PlanItem> items;
+    for (const std::string& given : options.paths) {
+        const std::string path = absoluteAsGiven(given);
+        items.push_back({path, std::string(lastPathComponent(path)), measureTree(path).bytes,
+                         options.permanent ? Removal::permanent : Removal::trash, engine.verdict(path)});
+    }
+    return planOf(items, "Remove").value_or(DeletionPlan());
+}
+
+void printPlan(const DeletionPlan& plan, const RemoveOptions& options) {
+    constexpr std::size_t sizeColumns = 10;
+    const Terminal terminal = standardOutput();
+    for (const Risk risk : allRisks) {
+        const auto isOfRisk = [&](const PlanItem& item) { return item.verdict.risk == risk; };
+        if (std::none_of(plan.items.begin(), plan.items.end(), isOfRisk))
+            continue;
+        const bool stays = risk == Risk::protected_ || (risk == Risk::review && !options.includeReview);
+        const char* const note = risk == Risk::protected_ ? " (never removed)"
+                                 : stays                  ? " (left out without --include-review)"
+                                                          : "";
+        std::puts((colored(label(risk), colorOf(risk), terminal) + note).c_str());
+        for (const PlanItem& item : plan.items) {
+            if (!isOfRisk(item))
+                continue;
+            std::puts((padded(formatBytes(item.size), sizeColumns, Align::right) + "  " +
+                       printable(item.path) + "\n" + std::string(sizeColumns + 2, ' ') +
+                       faint(item.verdict.reason, terminal))
+                          .c_str());
+        }
+    }
+}
+
+bool isConfirmed(const std::vector<DeletionRequest>& requests) {
+    std::int64_t bytes = 0;
+    for (const DeletionRequest& request : requests)
+        bytes += request.size;
+    const bool forGood = requests.front().removal == Removal::permanent;
+    const std::string question = (forGood ? "Delete " : "Move ") + formatCount(std::ssize(requests)) +
+                                 (requests.size() == 1 ? " item (" : " items (") + formatBytes(bytes) +
+                                 (forGood ? ") permanently? [y/N] " : ") to the Trash? [y/N] ");
+    std::fputs(question.c_str(), stderr);
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+Json failuresJson(const std::vector<DeletionFailure>& failures) {
+    Json list = Json::array();
+    for (const DeletionFailure& failure : failures)
+        list.push_back({{"id", failure.id.text()},
+                        {"path", jsonString(failure.path)},
+                        {"reason", jsonString(failure.reason)}});
+    return list;
+}
+
+void printReport(const DeletionReport& report, const RemoveOptions& options) {
+    if (options.json) {
+        Json paths = Json::array();
+        for (const std::string& path : report.deletedPaths)
+            paths.push_back(jsonString(path));
+        const Json document = {{"freed", report.freed},
+                               {"movedToTrash", report.movedToTrash},
+                               {"deletedPaths", std::move(paths)},
+                               {"failures", failuresJson(report.failures)},
+                               {"skippedProtected", failuresJson(report.skippedProtected)}};
+        std::puts(writeJson(document, JsonLayout::indented).c_str());
+        return;
+    }
+    std::puts(noticeOf(report).message.c_str());
+    for (const auto* list : {&report.failures, &report.skippedProtected}) {
+        for (const DeletionFailure& failure : *list)
+            fail(failure.path + ": " + failure.reason);
+    }
+}
+
+void printPlanJson(const DeletionPlan& plan) {
+    Json items = Json::array();
+    for (const PlanItem& item : plan.items) {
+        items.push_back(
+            {{"path", jsonString(item.path)},
+             {"name", jsonString(item.name)},
+             {"size", item.size},
+             {"removal", caseName(item.removal)},
+             {"verdict", {{"risk", caseName(item.verdict.risk)}, {"reason", item.verdict.reason}}}});
+    }
+    const Json document = {{"id", plan.id.text()}, {"title", plan.title}, {"items", std::move(items)}};
+    std::puts(writeJson(document, JsonLayout::indented).c_str());
+}
+
+ExitStatus statusOf(const DeletionPlan& plan, const DeletionReport& report) {
+    if (report.deletedPaths.empty())
+        return ExitStatus::failed;
+    const bool all = report.deletedPaths.size() == plan.items.size() && report.failures.empty();
+    return all ? ExitStatus::done : ExitStatus::partly;
+}
+
+ExitStatus remove(const RemoveOptions& options) {
+    DeletionEngine engine;
+    const DeletionPlan plan = planFor(options, engine);
+    if (options.dryRun && options.json) {
+        printPlanJson(plan);
+        return ExitStatus::done;
+    }
+    if (!options.json)
+        printPlan(plan, options);
+    if (options.dryRun)
+        return ExitStatus::done;
+    const auto requests =
+        requestsOf(plan, options.includeReview ? ReviewItems::include : ReviewItems::leaveOut,
+                   RemovalPreference::asPlanned);
+    if (!requests.empty() && !options.yes && !isConfirmed(requests))
+        return fail("Nothing was deleted.");
+    ExecutedRun run = engine.executor.execute(requests);
+    if (!engine.history.record(run))
+        fail("The history could not be written. It is completed at the next start.");
+    printReport(run.report, options);
+    return statusOf(plan, run.report);
+}
+
+} // namespace
+
+void addRemoveCommand(CLI::App& app, ExitStatus& status) {
+    const auto options = std::make_shared<RemoveOptions>();
+    CLI::App* command = app.add_subcommand("remove", "Move files and folders to the Trash, or delete them");
+    command->add_option("paths", options->paths, "Files and folders")->required()->type_name("PATH");
+    command->add_flag("--permanent", options->permanent, "Delete at once, with no way back");
+    command->add_flag("--include-review", options->includeReview, "Also remove what needs a look first");
+    command->add_flag("--dry-run", options->dryRun, "Show the plan and change nothing");
+    command->add_flag("--yes", options->yes, "Don't ask");
+    command->add_flag("--json", options->json, "Print the report (with --dry-run, the plan)");
+    command->footer("What is protected is never removed. What was moved to the Trash comes back with "
+                    "\"brimlet-cli restore\".\n\n"
+                    "Examples:\n"
+                    "  brimlet-cli remove --dry-run ~/Downloads/*.dmg\n"
+                    "  brimlet-cli remove --permanent --yes ~/Library/Caches/*");
+    command->callback([options, &status] { status = remove(*options); });
+}
+
+} // namespace brimlet
