@@ -32,9 +32,7 @@ FocusScope {
 
             StageLoader {
                 phase: "idle"
-                sourceComponent: IdleStage {
-                    focus: true
-                }
+                sourceComponent: IdleStage {}
             }
             StageLoader {
                 phase: "scanning"
@@ -61,9 +59,7 @@ FocusScope {
             }
             StageLoader {
                 phase: "done"
-                sourceComponent: DoneStage {
-                    focus: true
-                }
+                sourceComponent: DoneStage {}
             }
         }
     }
