@@ -1,6 +1,9 @@
 // From a full disk to a clean one and back, through the window, on real files.
+#include "support/MadeUpJunk.h"
 #include "support/TestHome.h"
+#include "support/Timing.h"
 
+#include <cstdio>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -170,6 +173,36 @@ TEST(Cleaning, junkGoesThroughTheSheetWhoseSafeButtonIsTheDefault) {
     EXPECT_TRUE(home.disk.exists("Library/Caches/com.example.maps/tile"));
 }
 
+TEST(Cleaning, fiftyThousandItemsAppearAtOnce) {
+    test::TestApp app;
+    std::vector<JunkFinding> junk = {test::longFinding("user-caches", 40'000), test::longFinding("trash", 10'000)};
+    app.junkSearch = [&] { return junk; };
+    test::TestWindow window(app);
+    app.state().loadJunk();
+    ASSERT_TRUE(eventually([&] { return !app.state().junkLoading(); }));
+    window.window().grabWindow();
+
+    // The limit is generous for a machine at work; an idle one takes a fraction of it.
+    constexpr double limitMilliseconds = 200;
+    const auto shownAfter = [&](const std::function<void()>& act) {
+        return test::milliseconds([&] {
+            act();
+            window.window().grabWindow();
+        });
+    };
+    const double review = shownAfter([&] { app.state().setSmartPhase(SmartPhase::review); });
+    const double list = shownAfter([&] { app.state().setSection(AppSection::junk); });
+    ASSERT_TRUE(window.driver().click("App caches", QAccessible::CheckBox));
+    std::vector<PlanItem> items;
+    for (const JunkItem& item : junk[0].items)
+        items.push_back({item.path, "item", item.size, Removal::trash, {Risk::safe, "because"}});
+    const double sheet = shownAfter([&] { app.state().setPlan(DeletionPlan{Uuid::random(), "Clean Junk", items}); });
+    std::printf("review %.0f ms, junk %.0f ms, sheet %.0f ms\n", review, list, sheet);
+    EXPECT_LT(review, limitMilliseconds);
+    EXPECT_LT(list, limitMilliseconds);
+    EXPECT_LT(sheet, limitMilliseconds);
+}
+
 TEST(Cleaning, allOfItByKeyboardAlone) {
     TestHome home;
     home.fill();
@@ -193,7 +226,7 @@ TEST(Cleaning, allOfItByKeyboardAlone) {
     ASSERT_TRUE(driver.tabTo("Scan Again"));
     driver.key(Qt::Key_Return);
     ASSERT_TRUE(eventually([&] { return !home.state().junkLoading(); }));
-    ASSERT_TRUE(driver.tabTo("Junk"));
+    ASSERT_TRUE(driver.tabTo("Found junk"));
     driver.key(Qt::Key_End);
     driver.key(Qt::Key_Right);
     driver.key(Qt::Key_Down);
@@ -207,12 +240,10 @@ TEST(Cleaning, allOfItByKeyboardAlone) {
     driver.key(Qt::Key_Return);
     ASSERT_TRUE(eventually([&] { return home.disk.exists(".Trash/Another.pkg"); }));
 
-    ASSERT_TRUE(driver.tabTo("Menu"));
     ASSERT_TRUE(driver.tabTo("Junk"));
-    driver.key(Qt::Key_Backtab);
     while (home.state().section() != AppSection::history)
         driver.key(Qt::Key_Down);
-    ASSERT_TRUE(driver.tabTo("History"));
+    ASSERT_TRUE(driver.tabTo("Deleted items"));
     driver.key(Qt::Key_Home);
     driver.key(Qt::Key_End, Qt::ShiftModifier);
     driver.key(Qt::Key_Return);
