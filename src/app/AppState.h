@@ -127,9 +127,8 @@ public:
     /// stays.
     void executePlan(const DeletionPlan& plan, ReviewItems review);
 
-    /// Removes in the background, then brings history, tree, lists, volume and, unless quiet, the notice up to
-    /// date.
-    /// then  called after all that; may be empty
+    /// Removes in the background, then brings history, tree, lists, volume and, unless quiet, the notice up
+    /// to date. then  called after all that; may be empty
     void runDeletion(std::vector<DeletionRequest> requests, RunNotice notice,
                      std::function<void(const DeletionReport&)> then);
 

@@ -122,8 +122,9 @@ void AppState::finishSmartClean(const DeletionReport& report) {
 
 void AppState::proposeJunkPlan(std::vector<ChosenJunk> chosen) {
     const auto title = tr("Clean Junk").toStdString();
-    m_work.run([chosen = std::move(chosen), &policy = m_services.policy] { return planItems(chosen, policy); },
-               [this, title](const std::vector<PlanItem>& items) { proposePlan(items, title); });
+    m_work.run(
+        [chosen = std::move(chosen), &policy = m_services.policy] { return planItems(chosen, policy); },
+        [this, title](const std::vector<PlanItem>& items) { proposePlan(items, title); });
 }
 
 } // namespace brimlet

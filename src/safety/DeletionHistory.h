@@ -47,7 +47,8 @@ public:
     /// Appends what a run removed, and ends its journal when that is written.
     bool record(const ExecutedRun& run);
 
-    /// Whether an entry's item is still in the Trash, was not put back, and has its place free. Looks at the disk.
+    /// Whether an entry's item is still in the Trash, was not put back, and has its place free. Looks at the
+    /// disk.
     bool canRestore(const HistoryEntry& entry) const;
 
     /// Moves one entry's item back to where it was. An entry without a place in the Trash counts as done.

@@ -42,7 +42,8 @@ void HistoryModel::setState(AppState* state) {
 }
 
 void HistoryModel::readHistory() {
-    const std::vector<HistoryEntry> now = m_state ? m_state->history().entries() : std::vector<HistoryEntry>();
+    const std::vector<HistoryEntry> now =
+        m_state ? m_state->history().entries() : std::vector<HistoryEntry>();
     if (sameEntries(m_entries, now)) {
         m_entries = now;
         rolesChanged({method, restorable});
@@ -155,8 +156,9 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> HistoryModel::roleNames() const {
-    return {{date, "date"},     {name, "name"},             {place, "place"},      {size, "size"},
-            {method, "method"}, {restorable, "restorable"}, {selected, "selected"}};
+    return {{date, "date"},        {name, "name"},     {place, "place"},
+            {size, "size"},        {method, "method"}, {restorable, "restorable"},
+            {selected, "selected"}};
 }
 
 } // namespace brimlet

@@ -226,10 +226,9 @@ QVariant JunkModel::itemData(const Row& row, int role) const {
 }
 
 QHash<int, QByteArray> JunkModel::roleNames() const {
-    return {{kind, "kind"},     {title, "title"},     {detail, "detail"},     {symbol, "symbol"},
-            {size, "size"},     {count, "count"},     {risk, "risk"},         {removal, "removal"},
-            {tick, "tick"},     {path, "path"},       {expanded, "expanded"},
-            {directory, "directory"}};
+    return {{kind, "kind"}, {title, "title"}, {detail, "detail"},     {symbol, "symbol"},
+            {size, "size"}, {count, "count"}, {risk, "risk"},         {removal, "removal"},
+            {tick, "tick"}, {path, "path"},   {expanded, "expanded"}, {directory, "directory"}};
 }
 
 } // namespace brimlet

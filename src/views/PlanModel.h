@@ -1,15 +1,16 @@
-// The rows of the confirmation sheet: what is safe, what wants a look, and what stays, each under its heading.
+// The rows of the confirmation sheet: what is safe, what wants a look, and what stays, each under its
+// heading.
 //
-// Keeps the last plan while the sheet closes. Holds positions only beside the plan, so that thousands of items
-// open at once.
+// Keeps the last plan while the sheet closes. Holds positions only beside the plan, so that thousands of
+// items open at once.
 #pragma once
 
 #include "app/AppState.h"
 
+#include <array>
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
-#include <array>
 #include <vector>
 
 namespace brimlet {

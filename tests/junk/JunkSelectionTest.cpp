@@ -74,7 +74,7 @@ TEST(JunkSelection, countsStayTrueOverRandomSteps) {
                 size += selection.contains(item) ? item.size : 0;
             }
             count += chosen;
-            const TickState expected = chosen == 0                           ? TickState::off
+            const TickState expected = chosen == 0                          ? TickState::off
                                        : chosen == junk[other].items.size() ? TickState::on
                                                                             : TickState::partly;
             ASSERT_EQ(selection.state(other, junk[other]), expected) << "seed " << seed << " step " << step;

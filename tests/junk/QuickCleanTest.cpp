@@ -13,8 +13,7 @@ using test::madeUpFinding;
 
 std::vector<JunkFinding> mixedJunk() {
     return {madeUpFinding("ios-backups", {{"phone", 900}}),
-            madeUpFinding("user-caches", {{"a", 300}, {"b", 200}}),
-            madeUpFinding("trash", {{"old", 40}})};
+            madeUpFinding("user-caches", {{"a", 300}, {"b", 200}}), madeUpFinding("trash", {{"old", 40}})};
 }
 
 TEST(QuickClean, ticksOnlyWhatTheCatalogueOffersAndNeverAReviewRule) {

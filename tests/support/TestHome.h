@@ -1,5 +1,6 @@
-// A home folder on the disk under the real window: real search, real policy, real removal, and a guard that ends
-// the program if anything outside the folder would be changed. Time and applications are the test's to say.
+// A home folder on the disk under the real window: real search, real policy, real removal, and a guard that
+// ends the program if anything outside the folder would be changed. Time and applications are the test's to
+// say.
 #pragma once
 
 #include "core/ByteFormat.h"
@@ -30,8 +31,9 @@ public:
 
     /// Caches, logs, a Trash, an old installer, and what must stay.
     void fill() const {
-        for (const char* file : {"Library/Caches/com.example.maps/tile", "Library/Caches/com.example.editor/a/b",
-                                 "Library/Logs/app.log", ".Trash/thrown away"})
+        for (const char* file :
+             {"Library/Caches/com.example.maps/tile", "Library/Caches/com.example.editor/a/b",
+              "Library/Logs/app.log", ".Trash/thrown away"})
             disk.file(file, 20'000);
         for (const char* file : {"Documents/letter.txt", "Downloads/picture.jpg",
                                  "Library/Caches/com.apple.bird/keep", "Library/Preferences/app.plist"})
@@ -62,9 +64,7 @@ public:
     AppState& state() { return app.state(); }
 
     /// From the first screen to the review.
-    bool scan() {
-        return driver().click("Scan", QAccessible::Button) && reachReview();
-    }
+    bool scan() { return driver().click("Scan", QAccessible::Button) && reachReview(); }
     bool reachReview() {
         app.clock.advance(std::chrono::seconds(2));
         return driver().await("ready to clean") != nullptr;
@@ -73,7 +73,8 @@ public:
     /// Presses "Clean" and waits for the report.
     bool clean() { return driver().click(cleanButton(), QAccessible::Button) && reachReport(); }
     bool reachReport() {
-        return eventually([&] { return state().toast().has_value(); }) && (app.clock.advance(std::chrono::seconds(2)), true) &&
+        return eventually([&] { return state().toast().has_value(); }) &&
+               (app.clock.advance(std::chrono::seconds(2)), true) &&
                eventually([&] { return state().smartPhase() == SmartPhase::done && !state().junkLoading(); });
     }
     QString cleanButton() {

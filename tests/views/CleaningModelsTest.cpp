@@ -22,7 +22,8 @@ using test::madeUpFinding;
 using test::TestApp;
 using ::testing::ElementsAre;
 
-constexpr auto reporting = QAbstractItemModelTester::FailureReportingMode::Warning; // a warning fails the test
+constexpr auto reporting =
+    QAbstractItemModelTester::FailureReportingMode::Warning; // a warning fails the test
 
 QStringList column(const QAbstractItemModel& model, int role) {
     QStringList texts;

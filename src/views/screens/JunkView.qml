@@ -41,7 +41,6 @@ FocusScope {
             title: qsTr("Junk")
 
             AppButton {
-                enabled: !App.junkLoading
                 symbol: "arrow.clockwise"
                 text: qsTr("Scan Again")
                 onClicked: App.loadJunk()
