@@ -227,5 +227,36 @@ TEST(Cleaning, quickCleanByKeyboardAlone) {
     EXPECT_EQ(home.state().smartPhase(), SmartPhase::idle);
 }
 
+TEST(Cleaning, junkAndHistoryByKeyboardAlone) {
+    TestHome home;
+    home.fill();
+    test::WindowDriver& driver = home.driver();
+    while (home.state().section() != AppSection::junk)
+        driver.key(Qt::Key_Down);
+    ASSERT_TRUE(driver.tabTo("Scan Again"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(eventually([&] { return !home.state().junkLoading(); }));
+    driver.key(Qt::Key_Tab); // to the list, whose current row has the keyboard
+    for (const Qt::Key key : {Qt::Key_End, Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
+        driver.key(key);
+    ASSERT_TRUE(driver.tabTo("Clean…"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(eventually([&] { return driver.focused() == "Cancel"; }));
+    ASSERT_TRUE(driver.tabTo("I’ve reviewed the 1 item(s) marked Review and want to delete them"));
+    driver.key(Qt::Key_Space);
+    ASSERT_TRUE(driver.tabTo("Delete"));
+    driver.key(Qt::Key_Return);
+    ASSERT_TRUE(eventually([&] { return home.disk.exists(".Trash/Old.dmg"); }));
+
+    home.state().setSection(AppSection::history);
+    ASSERT_TRUE(driver.tabTo("Clear History"));
+    driver.key(Qt::Key_Tab);
+    driver.key(Qt::Key_Home);
+    driver.key(Qt::Key_End, Qt::ShiftModifier);
+    driver.key(Qt::Key_Return);
+    EXPECT_TRUE(driver.await("1 item(s) restored"));
+    EXPECT_TRUE(home.disk.exists("Downloads/Old.dmg"));
+}
+
 } // namespace
 } // namespace brimlet
