@@ -11,13 +11,8 @@ namespace brimlet {
 namespace {
 
 constexpr auto addCommands = {
-    addScanCommand,
-    addMeasureCommand,
-    addJunkCommand,
-    addVerdictCommand,
-    addRemoveCommand,
-    addHistoryCommand,
-    addRestoreCommand,
+    addScanCommand,   addMeasureCommand, addJunkCommand,    addVerdictCommand,
+    addRemoveCommand, addHistoryCommand, addRestoreCommand,
 };
 
 int run(int argc, char** argv) {
