@@ -106,6 +106,13 @@ void JunkModel::toggleTick(int row) {
     ticksChanged();
 }
 
+int JunkModel::stopFrom(int row, int step) const {
+    const Row* at = rowAt(row);
+    while (at != nullptr && at->kind != Kind::rule && at->kind != Kind::item)
+        at = rowAt(row += step);
+    return at == nullptr ? -1 : row;
+}
+
 void JunkModel::clearSelection() {
     m_selection.clear();
     ticksChanged();

@@ -58,6 +58,9 @@ public:
     Q_INVOKABLE void reveal(int row);
     Q_INVOKABLE void clearSelection();
 
+    /// The nearest rule or item from `row` on, in steps of 1 or -1; -1 where there is none.
+    Q_INVOKABLE int stopFrom(int row, int step) const;
+
     /// Proposes a plan for what is chosen, in the order of the list.
     Q_INVOKABLE void clean();
 

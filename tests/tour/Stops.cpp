@@ -85,7 +85,6 @@ std::vector<Stop> cleaningStops() {
         {"junk-opened-and-selected",
          [](BrimletApp& app) {
              press(app, Qt::Key_Tab, 5);
-             press(app, Qt::Key_Down);
              press(app, Qt::Key_Space);
              press(app, Qt::Key_Right);
              press(app, Qt::Key_Down, 2);

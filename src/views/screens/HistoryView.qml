@@ -66,7 +66,7 @@ FocusScope {
                 model: history
                 reuseItems: true
 
-                Accessible.name: qsTr("History")
+                Accessible.name: qsTr("Deleted items")
                 Accessible.role: Accessible.List
 
                 Keys.onDownPressed: event => move(Math.min(count - 1, currentIndex + 1), event.modifiers)

@@ -41,7 +41,6 @@ FocusScope {
             title: qsTr("Junk")
 
             AppButton {
-                enabled: !App.junkLoading
                 symbol: "arrow.clockwise"
                 text: qsTr("Scan Again")
                 onClicked: App.loadJunk()
@@ -63,9 +62,10 @@ FocusScope {
             bottomMargin: Theme.spaceXl
             boundsBehavior: Flickable.StopAtBounds
             clip: true
-            currentIndex: 0
+            currentIndex: 1 // the first rule, under its heading
             focus: true
             highlightFollowsCurrentItem: false
+            keyNavigationEnabled: false
             leftMargin: Theme.spaceXl
             model: junk
             reuseItems: true
@@ -74,22 +74,36 @@ FocusScope {
 
             readonly property real rowWidth: width - leftMargin - rightMargin
 
-            Accessible.name: qsTr("Junk")
+            Accessible.name: qsTr("Found junk")
             Accessible.role: Accessible.List
 
+            Keys.onDownPressed: stopAt(junk.stopFrom(currentIndex + 1, 1))
             Keys.onLeftPressed: junk.setExpanded(currentIndex, false)
             Keys.onReturnPressed: toggleExpanded()
             Keys.onRightPressed: junk.setExpanded(currentIndex, true)
             Keys.onSpacePressed: junk.toggleTick(currentIndex)
             Keys.onMenuPressed: openMenu(currentIndex)
+            Keys.onUpPressed: stopAt(junk.stopFrom(currentIndex - 1, -1))
             Keys.onPressed: event => {
-                if (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier) {
+                event.accepted = true;
+                if (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
                     openMenu(currentIndex);
-                    event.accepted = true;
-                }
+                else if (event.key === Qt.Key_Home)
+                    stopAt(junk.stopFrom(0, 1));
+                else if (event.key === Qt.Key_End)
+                    stopAt(junk.stopFrom(count - 1, -1));
+                else
+                    event.accepted = false;
             }
 
             T.ScrollBar.vertical: AppScrollBar {}
+
+            function stopAt(row: int) {
+                if (row < 0)
+                    return;
+                currentIndex = row;
+                positionViewAtIndex(row, ListView.Contain);
+            }
 
             function toggleExpanded() {
                 junk.setExpanded(currentIndex, !(currentItem as JunkRuleRow)?.expanded);
