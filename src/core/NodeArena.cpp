@@ -21,6 +21,7 @@ FileNode* NodeArena::newNode(std::string_view name) {
 }
 
 std::span<FileNode*> NodeArena::newChildren(std::size_t count) {
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): a list of pointers is what is wanted
     auto** first = static_cast<FileNode**>(allocate(count * sizeof(FileNode*), alignof(FileNode*)));
     std::uninitialized_fill_n(first, count, nullptr);
     return {first, count};

@@ -163,7 +163,7 @@ QVariant JunkModel::data(const QModelIndex& index, int role) const {
     case Kind::rule:
         return ruleData(row, role);
     case Kind::item:
-        return itemData(row, role);
+        return itemValue(row, role);
     case Kind::more:
         break;
     }
@@ -207,7 +207,7 @@ QVariant JunkModel::ruleData(const Row& row, int role) const {
     }
 }
 
-QVariant JunkModel::itemData(const Row& row, int role) const {
+QVariant JunkModel::itemValue(const Row& row, int role) const {
     const JunkItem& item = itemOf(row);
     switch (role) {
     case title:

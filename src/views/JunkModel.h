@@ -91,7 +91,7 @@ private:
     void ticksChanged();
     QVariant groupData(const Row& row, int role) const;
     QVariant ruleData(const Row& row, int role) const;
-    QVariant itemData(const Row& row, int role) const;
+    QVariant itemValue(const Row& row, int role) const;
 
     QPointer<AppState> m_state;
     std::vector<Row> m_rows;

@@ -123,7 +123,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
         return row.item == heading;
     if (role == risk)
         return static_cast<int>(row.sectionRisk);
-    return row.item == heading ? headingData(row.sectionRisk, role) : itemData(m_plan.items[row.item], role);
+    return row.item == heading ? headingData(row.sectionRisk, role) : itemValue(m_plan.items[row.item], role);
 }
 
 QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
@@ -145,7 +145,7 @@ QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
     }
 }
 
-QVariant PlanModel::itemData(const PlanItem& item, int role) const {
+QVariant PlanModel::itemValue(const PlanItem& item, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case name:

@@ -77,7 +77,7 @@ private:
     void readPlan();
     void buildRows();
     QVariant headingData(Risk risk, int role) const;
-    QVariant itemData(const PlanItem& item, int role) const;
+    QVariant itemValue(const PlanItem& item, int role) const;
 
     QPointer<AppState> m_state;
     DeletionPlan m_plan;

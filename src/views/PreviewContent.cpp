@@ -15,8 +15,8 @@ namespace brimlet {
 
 namespace {
 
-constexpr qint64 textBytes = 64 * 1024;
-constexpr qint64 imageBytes = 48 * 1024 * 1024;
+constexpr qint64 textBytes = 64LL * 1024;
+constexpr qint64 imageBytes = 48LL * 1024 * 1024;
 constexpr int shownPixels = 1600;
 constexpr int imageMegabytes = 512; ///< decoded; a small file may claim any size
 

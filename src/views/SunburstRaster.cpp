@@ -46,12 +46,14 @@ float coverage(float pixelsInside) {
 }
 
 std::uint32_t premultiplied(std::uint32_t color, float alpha) {
-    const auto channel = [&](int shift) {
-        return static_cast<std::uint32_t>(static_cast<float>((color >> shift) & 0xFFU) * alpha / 255.0F +
-                                          0.5F)
-               << shift;
+    // Never negative, and once a pixel: a call to round would be felt.
+    const auto rounded = [](float value) {
+        return static_cast<std::uint32_t>(value + 0.5F); // NOLINT(bugprone-incorrect-roundings)
     };
-    return static_cast<std::uint32_t>(alpha + 0.5F) << 24 | channel(16) | channel(8) | channel(0);
+    const auto channel = [&](int shift) {
+        return rounded(static_cast<float>((color >> shift) & 0xFFU) * alpha / 255.0F) << shift;
+    };
+    return rounded(alpha) << 24 | channel(16) | channel(8) | channel(0);
 }
 
 } // namespace

@@ -50,9 +50,7 @@ void SunburstView::readTree() {
     const auto previousScan = std::exchange(m_scan, m_state ? m_state->scan() : nullptr);
     const std::vector<Arc> previousArcs =
         std::exchange(m_arcs, m_root != nullptr ? collectArcs(*m_root, maxDepth) : std::vector<Arc>());
-    if (previousRoot != m_root)
-        m_hovered = nullptr;
-    else if (hoveredArc() == nullptr)
+    if (previousRoot != m_root || hoveredArc() == nullptr)
         m_hovered = nullptr;
     if (previousRoot != m_root && previousScan == m_scan && m_zoomDuration > 0)
         startZoom(lensFrom(previousRoot, previousArcs));

@@ -19,6 +19,7 @@ double milliseconds(Action action) {
 template <typename Action>
 double medianMilliseconds(int runs, Action action) {
     std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(runs));
     for (int i = 0; i < runs; ++i)
         times.push_back(milliseconds(action));
     std::ranges::nth_element(times, times.begin() + runs / 2);
