@@ -1,5 +1,5 @@
 // Permanent removal against `rm -rf`, alternating, on trees of 200,000 files; and a move to the Trash of a
-// small and of the large tree. Usage: removal_bench FOLDER [ROUNDS]; FOLDER is made and removed.
+// small and of the large tree. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
 
 #include "platform/linux/LinuxFileRemoval.h"
 
@@ -84,7 +84,7 @@ int bench(const std::string& folder, int rounds) {
 int main(int argc, char** argv) {
     constexpr int usualRounds = 5;
     if (argc < 2) {
-        std::fprintf(stderr, "usage: removal_bench FOLDER [ROUNDS]\n");
+        std::fprintf(stderr, "usage: removal-bench FOLDER [ROUNDS]\n");
         return 2;
     }
     return brimlet::bench(argv[1], argc > 2 ? std::max(1, std::atoi(argv[2])) : usualRounds);

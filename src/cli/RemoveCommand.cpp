@@ -1,3 +1,4 @@
+#include "app/Preferences.h"
 #include "cli/Commands.h"
 #include "cli/DeletionEngine.h"
 #include "cli/RiskColor.h"
@@ -5,6 +6,8 @@
 #include "core/ByteFormat.h"
 #include "core/MeasureTree.h"
 #include "core/Paths.h"
+#include "platform/HomeFolder.h"
+#include "platform/linux/FilePreferencesStore.h"
 #include "safety/DeletionPlanning.h"
 #include "json/Json.h"
 
@@ -126,7 +129,13 @@ ExitStatus statusOf(const DeletionPlan& plan, const DeletionReport& report) {
     return all ? ExitStatus::done : ExitStatus::partly;
 }
 
-ExitStatus remove(const RemoveOptions& options) {
+bool prefersPermanent() {
+    FilePreferencesStore store(FilePreferencesStore::standardFile(homeFolder()));
+    return Preferences(store).permanentDelete();
+}
+
+ExitStatus remove(RemoveOptions options) {
+    options.permanent = options.permanent || prefersPermanent();
     DeletionEngine engine;
     const DeletionPlan plan = planFor(options, engine);
     if (options.dryRun && options.json) {
@@ -155,7 +164,8 @@ void addRemoveCommand(CLI::App& app, ExitStatus& status) {
     const auto options = std::make_shared<RemoveOptions>();
     CLI::App* command = app.add_subcommand("remove", "Move files and folders to the Trash, or delete them");
     command->add_option("paths", options->paths, "Files and folders")->required()->type_name("PATH");
-    command->add_flag("--permanent", options->permanent, "Delete at once, with no way back");
+    command->add_flag("--permanent", options->permanent,
+                      "Delete at once, with no way back (also the application's setting)");
     command->add_flag("--include-review", options->includeReview, "Also remove what needs a look first");
     command->add_flag("--dry-run", options->dryRun, "Show the plan and change nothing");
     command->add_flag("--yes", options->yes, "Don't ask");

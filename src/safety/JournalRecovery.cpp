@@ -4,8 +4,17 @@
 
 namespace brimlet {
 
+bool JournalRecovery::hasJournals() {
+    const auto listed = m_store.names();
+    const auto* names = std::get_if<std::vector<std::string>>(&listed);
+    return names != nullptr &&
+           std::any_of(names->begin(), names->end(), [](const auto& name) { return isJournalName(name); });
+}
+
 RecoveredEntries JournalRecovery::complete() {
     RecoveredEntries found;
+    if (!hasJournals()) // the lock would make a folder where there is none
+        return found;
     const auto lock = m_store.lock();
     const auto listed = m_store.names();
     const auto* names = std::get_if<std::vector<std::string>>(&listed);

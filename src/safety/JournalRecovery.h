@@ -32,6 +32,7 @@ public:
     void forget();
 
 private:
+    bool hasJournals();
     bool completeIntent(const Intent& intent, RecoveredEntries& found);
     bool tidy(const Intent& intent);
     bool isAt(const std::string& path, const FileIdentity& identity);

@@ -1,5 +1,6 @@
 #include "safety/Uuid.h"
 
+#include <cstring>
 #include <random>
 
 namespace brimlet {
@@ -23,8 +24,10 @@ std::optional<std::uint8_t> digitValue(char digit) {
 Uuid Uuid::random() {
     std::random_device source;
     Uuid uuid;
-    for (std::uint8_t& byte : uuid.bytes)
-        byte = static_cast<std::uint8_t>(source());
+    for (std::size_t i = 0; i < uuid.bytes.size(); i += sizeof(std::uint32_t)) {
+        const std::uint32_t word = source(); // a draw is dear, so each is used whole
+        std::memcpy(&uuid.bytes[i], &word, sizeof word);
+    }
     uuid.bytes[6] = static_cast<std::uint8_t>((uuid.bytes[6] & 0x0f) | 0x40); // version 4
     uuid.bytes[8] = static_cast<std::uint8_t>((uuid.bytes[8] & 0x3f) | 0x80); // variant 1
     return uuid;

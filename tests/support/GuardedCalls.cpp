@@ -12,36 +12,11 @@
 #include <linux/fs.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace brimlet::test {
 
 namespace {
-
-/// Climbs from a folder whose path is too long to be told. A file can't be climbed from; the folder it was
-/// made in has been checked when it was.
-bool climbsTo(int folder, const std::string& allowed) {
-    struct stat goal {};
-    if (fstat(folder, &goal) == 0 && !S_ISDIR(goal.st_mode))
-        return true;
-    if (stat(allowed.c_str(), &goal) != 0)
-        return false;
-    int at = openat(folder, ".", O_PATH | O_DIRECTORY | O_CLOEXEC);
-    for (bool found = false; at >= 0;) {
-        struct stat here {};
-        struct stat above {};
-        found = fstat(at, &here) == 0 && here.st_ino == goal.st_ino && here.st_dev == goal.st_dev;
-        const int up = openat(at, "..", O_PATH | O_DIRECTORY | O_CLOEXEC);
-        const bool top =
-            up < 0 || fstat(up, &above) != 0 || (above.st_ino == here.st_ino && above.st_dev == here.st_dev);
-        close(at);
-        if (found || top) {
-            close(up);
-            return found;
-        }
-        at = up;
-    }
-    return false;
-}
 
 /// The path of an open descriptor; empty when it is too long.
 std::string pathOf(int descriptor) {
@@ -81,13 +56,41 @@ void GuardedCalls::behave() {
     m_failingCall.clear();
 }
 
-void GuardedCalls::guard(const SystemCall& call, int folder) const {
+/// Climbs from a folder whose path is too long to be told, up to the allowed one or one that was found below
+/// it before. A file can't be climbed from; the folder it was made in has been checked when it was.
+bool GuardedCalls::climbsToAllowed(int folder) {
+    using Identity = std::pair<dev_t, ino_t>;
+    struct stat goal {};
+    if (fstat(folder, &goal) == 0 && !S_ISDIR(goal.st_mode))
+        return true;
+    if (stat(m_allowed.c_str(), &goal) != 0)
+        return false;
+    std::vector<Identity> climbed;
+    int at = openat(folder, ".", O_PATH | O_DIRECTORY | O_CLOEXEC);
+    bool found = false;
+    while (at >= 0 && !found) {
+        struct stat here {};
+        const bool known = fstat(at, &here) == 0;
+        const Identity identity(here.st_dev, here.st_ino);
+        found = known && (identity == Identity(goal.st_dev, goal.st_ino) || m_below.contains(identity));
+        const bool top = !known || (!climbed.empty() && climbed.back() == identity);
+        climbed.push_back(identity);
+        const int up = found || top ? -1 : openat(at, "..", O_PATH | O_DIRECTORY | O_CLOEXEC);
+        close(at);
+        at = up;
+    }
+    if (found)
+        m_below.insert(climbed.begin(), climbed.end());
+    return found;
+}
+
+void GuardedCalls::guard(const SystemCall& call, int folder) {
     // Making a folder that is there changes nothing.
     const bool makesNothing = std::string_view(call.call) == "makeFolder" &&
                               faccessat(folder, call.name, F_OK, AT_SYMLINK_NOFOLLOW) == 0;
     const std::string path = pathOf(folder);
     const bool inside =
-        path.empty() ? climbsTo(folder, m_allowed) : path == m_allowed || isBelow(path, m_allowed);
+        path.empty() ? climbsToAllowed(folder) : path == m_allowed || isBelow(path, m_allowed);
     if (makesNothing || (inside && std::string_view(call.name).find('/') == std::string_view::npos))
         return;
     std::fprintf(stderr, "guard: %s of \"%s\" in %s is outside %s\n", call.call, call.name, path.c_str(),

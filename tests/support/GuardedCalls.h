@@ -8,7 +8,10 @@
 
 #include <atomic>
 #include <functional>
+#include <set>
 #include <string>
+#include <sys/types.h>
+#include <utility>
 
 namespace brimlet::test {
 
@@ -44,10 +47,12 @@ protected:
     int before(const SystemCall& call) override;
 
 private:
-    void guard(const SystemCall& call, int folder) const;
+    bool climbsToAllowed(int folder);
+    void guard(const SystemCall& call, int folder);
     bool crossesDisks(const SystemCall& call) const;
 
     std::string m_allowed;
+    std::set<std::pair<dev_t, ino_t>> m_below; ///< deep folders that were found in the allowed one
     std::string m_otherDisk;
     std::string m_failingCall;
     std::atomic<int> m_count = 0;

@@ -1,6 +1,6 @@
 #include "platform/linux/ScratchName.h"
 
-#include <array>
+#include <cstdint>
 #include <random>
 
 namespace brimlet {
@@ -14,8 +14,11 @@ constexpr std::size_t digitCount = 32;
 std::string scratchName() {
     std::random_device random;
     std::string name(prefix);
-    for (std::size_t i = 0; i < digitCount; ++i)
-        name += digits[random() % digits.size()];
+    while (name.size() < prefix.size() + digitCount) {
+        std::uint32_t word = random(); // a draw is dear, so each is used whole
+        for (int i = 0; i < 8; ++i, word >>= 4)
+            name += digits[word & 15];
+    }
     return name;
 }
 
