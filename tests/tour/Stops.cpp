@@ -1,5 +1,6 @@
 // Where the tour stops. A new screen, or a new state of one, is a few lines here.
 #include "app/AppSection.h"
+#include "support/WindowDriver.h"
 #include "tour/Tour.h"
 
 #include <QQuickWindow>
@@ -84,7 +85,8 @@ std::vector<Stop> cleaningStops() {
          }},
         {"junk-opened-and-selected",
          [](BrimletApp& app) {
-             press(app, Qt::Key_Tab, 5);
+             WindowDriver(*app.window().window()).tabTo(QStringLiteral("Scan Again"));
+             press(app, Qt::Key_Tab);
              press(app, Qt::Key_Space);
              press(app, Qt::Key_Right);
              press(app, Qt::Key_Down, 2);
