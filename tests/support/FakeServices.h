@@ -2,7 +2,6 @@
 // CallLog, so that a test can see the order across services.
 #pragma once
 
-#include "app/StageClock.h"
 #include "platform/AccessProbe.h"
 #include "platform/Panels.h"
 #include "platform/PreferencesStore.h"
@@ -10,11 +9,8 @@
 #include "platform/UpdateCheck.h"
 #include "platform/Volumes.h"
 
-#include <chrono>
 #include <functional>
 #include <map>
-#include <QObject>
-#include <QPointer>
 #include <utility>
 #include <vector>
 
@@ -108,31 +104,6 @@ public:
     }
 
     std::vector<std::function<void(const UpdateOutcome&)>> pending;
-};
-
-/// Moves only when told; what is due then runs.
-class FakeStageClock final : public StageClock {
-public:
-    Time now() const override { return m_now; }
-    void callAfter(std::chrono::milliseconds delay, QObject& context, std::function<void()> action) override {
-        m_waiting.emplace(m_now + delay, Call{&context, std::move(action)});
-    }
-    void advance(std::chrono::milliseconds by) {
-        m_now += by;
-        while (!m_waiting.empty() && m_waiting.begin()->first <= m_now) {
-            const Call call = m_waiting.extract(m_waiting.begin()).mapped();
-            if (call.context)
-                call.action();
-        }
-    }
-
-private:
-    struct Call {
-        QPointer<QObject> context;
-        std::function<void()> action;
-    };
-    Time m_now{};
-    std::multimap<Time, Call> m_waiting;
 };
 
 } // namespace brimlet::test

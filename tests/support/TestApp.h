@@ -7,6 +7,7 @@
 #include "platform/linux/LinuxRecordStore.h"
 #include "support/FakeBundles.h"
 #include "support/FakeServices.h"
+#include "support/FakeStageClock.h"
 #include "support/HeldWalks.h"
 #include "support/TemporaryTree.h"
 
