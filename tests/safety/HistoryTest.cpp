@@ -69,6 +69,15 @@ TEST(HistoryFormat, toleratesNumbersAndKeysButNoLack) {
         {id + R"("date":5,"size":1,"restored":true)", false},
         {id + R"("originalPath":1,"date":5,"size":1,"restored":true)", false},
         {path + R"("date":5,"size":1,"restored":true)", false},
+        {R"("id":"0F0E0D0C-0B0A-4908-8706-05040302010/",)" + path + R"("date":5,"size":1,"restored":true)",
+         false},
+        {R"("id":"0F0E0D0C-0B0A-4908-8706-05040302010@",)" + path + R"("date":5,"size":1,"restored":true)",
+         false},
+        {R"("id":"0F0E0D0C-0B0A-4908-8706-05040302010~",)" + path + R"("date":5,"size":1,"restored":true)",
+         false},
+        {id + path + R"("size":1,"restored":true)", false},
+        {id + path + R"("date":5,"restored":true)", false},
+        {id + path + R"("date":5,"size":-1e19,"restored":true)", false},
         {R"("id":1,)" + path + R"("date":5,"size":1,"restored":true)", false},
         {R"("id":"0F0E0D0C-0B0A-4908-8706-05040302010",)" + path + R"("date":5,"size":1,"restored":true)",
          false},
@@ -194,6 +203,25 @@ TEST(Journal, aLiveRunIsLeftAlone) {
     EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).entries().empty());
     run.journal.reset();
     EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(), run.entries);
+}
+
+TEST(Journal, aLineWithAnythingAmissIsPassedOver) {
+    const Intent intent{IntentKind::trash, entryNamed("/a"), {"/b", "1-1.1", {"/c"}, "/d"}};
+    const Json whole = *readJson(intentText(intent));
+    ASSERT_EQ(intentsFromText(intentText(intent)).size(), 1U);
+    for (const auto& [key, value] : whole.items()) {
+        Json lacking = whole;
+        lacking.erase(key);
+        EXPECT_TRUE(intentsFromText(writeJson(lacking)).empty()) << key;
+        for (const Json& wrong : {Json(1), Json(nullptr), Json::array({1}), Json::object()}) {
+            Json damaged = whole;
+            damaged[key] = wrong;
+            EXPECT_TRUE(intentsFromText(writeJson(damaged)).empty()) << key << ' ' << wrong.dump();
+        }
+    }
+    Json unknown = whole;
+    unknown["kind"] = "explode";
+    EXPECT_TRUE(intentsFromText(writeJson(unknown)).empty());
 }
 
 TEST(Journal, linesThatWereCutOffOrForgedAreNeverActedOn) {
