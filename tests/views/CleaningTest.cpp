@@ -174,39 +174,6 @@ TEST(Cleaning, junkGoesThroughTheSheetWhoseSafeButtonIsTheDefault) {
     EXPECT_TRUE(home.disk.exists("Library/Caches/com.example.maps/tile"));
 }
 
-TEST(Cleaning, fiftyThousandItemsAppearAtOnce) {
-    test::TestApp app;
-    std::vector<JunkFinding> junk = {test::longFinding("user-caches", 40'000),
-                                     test::longFinding("trash", 10'000)};
-    app.junkSearch = [&] { return junk; };
-    test::TestWindow window(app);
-    app.state().loadJunk();
-    ASSERT_TRUE(eventually([&] { return !app.state().junkLoading(); }));
-    window.window().grabWindow();
-
-    // The limit is generous for a machine at work; an idle one takes a fraction of it.
-    constexpr double limitMilliseconds = 200;
-    const auto shownAfter = [&](const std::function<void()>& act) {
-        return test::milliseconds([&] {
-            act();
-            window.window().grabWindow();
-        });
-    };
-    const double review = shownAfter([&] { app.state().setSmartPhase(SmartPhase::review); });
-    const double list = shownAfter([&] { app.state().setSection(AppSection::junk); });
-    ASSERT_TRUE(window.driver().click("App caches", QAccessible::CheckBox));
-    std::vector<PlanItem> items;
-    for (const JunkItem& item : junk[0].items)
-        items.push_back({item.path, "item", item.size, Removal::trash, {Risk::safe, "because"}});
-    const double sheet = shownAfter([&] {
-        app.state().setPlan(DeletionPlan{Uuid::random(), "Clean Junk", items});
-    });
-    std::printf("review %.0f ms, junk %.0f ms, sheet %.0f ms\n", review, list, sheet);
-    EXPECT_LT(review, limitMilliseconds);
-    EXPECT_LT(list, limitMilliseconds);
-    EXPECT_LT(sheet, limitMilliseconds);
-}
-
 TEST(Cleaning, quickCleanByKeyboardAlone) {
     TestHome home;
     home.fill();
