@@ -1,0 +1,270 @@
+// What the history does when its own folder, or the disk of an item, refuses it.
+
+#include "safety/JournalRecovery.h"
+#include "support/DeletionStage.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace brimlet::test {
+namespace {
+
+/// A log that can't be read.
+class UnreadableLog : public RecordLog {
+public:
+    Failure append(std::string_view, Durability) override { return errorFromErrno(EIO); }
+    Result<std::string> content() override { return errorFromErrno(EIO); }
+};
+
+/// A store that refuses calls of one name.
+class RefusingStore : public RecordStore {
+public:
+    explicit RefusingStore(RecordStore& store)
+        : m_store(store) {}
+
+    std::string refused;
+    int error = EIO;
+    int grants = 0; ///< how many of those calls succeed first
+
+    const std::string& folder() const override { return m_store.folder(); }
+    Result<std::unique_ptr<RecordLock>> lock() override {
+        if (refuses("lock"))
+            return errorFromErrno(error);
+        return m_store.lock();
+    }
+    Result<std::optional<std::string>> read(std::string_view name) override { return m_store.read(name); }
+    Failure replace(std::string_view name, std::string_view bytes) override {
+        return refuses("replace") ? errorFromErrno(error) : m_store.replace(name, bytes);
+    }
+    Failure rename(std::string_view name, std::string_view newName) override {
+        return refuses("rename") ? errorFromErrno(error) : m_store.rename(name, newName);
+    }
+    Failure remove(std::string_view name) override { return m_store.remove(name); }
+    Result<std::vector<std::string>> names() override {
+        if (refuses("names"))
+            return errorFromErrno(error);
+        return m_store.names();
+    }
+    Result<std::unique_ptr<RecordLog>> createLog(std::string_view name) override {
+        return m_store.createLog(name);
+    }
+    Result<std::unique_ptr<RecordLog>> adoptLog(std::string_view name) override {
+        if (refuses("adoptLog"))
+            return errorFromErrno(error);
+        if (refuses("content"))
+            return std::make_unique<UnreadableLog>();
+        return m_store.adoptLog(name);
+    }
+
+private:
+    bool refuses(std::string_view call) { return call == refused && grants-- <= 0; }
+
+    RecordStore& m_store;
+};
+
+/// A removal that notes what recovery asks of it, touches nothing, and knows no identity.
+class NotedRemoval : public FileRemoval {
+public:
+    std::string stuck; ///< scratch that can't be removed
+    std::vector<std::string> asked;
+
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view) override { return errorFromErrno(EIO); }
+    Failure remove(const PinnedEntry&, const BeforeMove&) override { return errorFromErrno(EIO); }
+    Result<TrashArrival> moveToTrash(const PinnedEntry&, const BeforeMove&) override {
+        return errorFromErrno(EIO);
+    }
+    Failure moveBack(std::string_view, std::string_view, const BeforeMove&) override {
+        return errorFromErrno(EIO);
+    }
+    Result<std::optional<FileIdentity>> identity(std::string_view) override { return errorFromErrno(EIO); }
+    Failure removeScratch(std::string_view path) override {
+        asked.push_back("remove " + std::string(path));
+        return path == stuck ? Failure(errorFromErrno(EIO)) : std::nullopt;
+    }
+    Failure returnToPlace(std::string_view setAside, std::string_view place) override {
+        asked.push_back(std::string(setAside) + " to " + std::string(place));
+        return std::nullopt;
+    }
+};
+
+void leaveJournal(DeletionStage& stage, const std::string& text) {
+    std::filesystem::create_directories(stage.store.folder());
+    std::ofstream(stage.store.folder() + "/run-dead.journal") << text;
+}
+
+bool hasJournal(DeletionStage& stage) {
+    const std::vector<std::string> names = valueOf(stage.store.names());
+    return std::any_of(names.begin(), names.end(), [](const auto& name) { return isJournalName(name); });
+}
+
+HistoryEntry entryOf(const std::string& path, std::optional<std::string> trashPath = {}) {
+    HistoryEntry entry;
+    entry.originalPath = path;
+    entry.trashPath = std::move(trashPath);
+    return entry;
+}
+
+TEST(JournalRecovery, aRefusedStartLeavesTheRunToTheNextOne) {
+    const struct {
+        const char* call;
+        int grants;
+    } cases[] = {{"names", 0},    {"names", 1},   {"lock", 0},   {"lock", 1},
+                 {"adoptLog", 0}, {"content", 0}, {"replace", 0}};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.call);
+        DeletionStage stage;
+        stage.tree.fileWithText("home/file", "text");
+        ExecutedRun run =
+            stage.executor.execute({DeletionStage::request(stage.home("file"), Removal::trash)});
+        run.journal.reset();
+        RefusingStore store(stage.store);
+        store.refused = one.call;
+        store.grants = one.grants;
+        (void)DeletionHistory(store, stage.removal);
+        EXPECT_TRUE(hasJournal(stage));
+        EXPECT_TRUE(stage.historyOnDisk().empty());
+        EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(), run.entries);
+        EXPECT_EQ(stage.historyOnDisk(), run.entries);
+        EXPECT_FALSE(hasJournal(stage));
+    }
+}
+
+TEST(JournalRecovery, claimsNothingWhoseWhereaboutsAreUnknown) {
+    DeletionStage stage;
+    leaveJournal(stage, intentText({IntentKind::trash, entryOf("/a", "/t"), {"/t", "1-1.1", {}, {}}}) +
+                            intentText({IntentKind::remove, entryOf("/b"), {}}) +
+                            intentText({IntentKind::restore, entryOf("/c", "/u"), {"/c", "1-1.1", {}, {}}}));
+    NotedRemoval removal;
+    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+}
+
+TEST(JournalRecovery, aJournalStaysUntilAllItsScratchIsGone) {
+    DeletionStage stage;
+    leaveJournal(stage, intentText({IntentKind::trash, entryOf("/a"), {{}, {}, {"/1", "/2"}, {}}}) +
+                            intentText({IntentKind::trash, entryOf("/b"), {{}, {}, {"/3"}, {}}}));
+    NotedRemoval removal;
+    const std::vector<std::string> all = {"remove /1", "remove /2", "remove /3"};
+    for (const char* stuck : {"/1", "/2", "/3"}) {
+        removal.stuck = stuck;
+        removal.asked.clear();
+        EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+        EXPECT_EQ(removal.asked, all) << "one that stays keeps no other from going";
+        EXPECT_TRUE(hasJournal(stage));
+    }
+    removal.stuck.clear();
+    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_FALSE(hasJournal(stage));
+}
+
+TEST(JournalRecovery, whatWasSetAsideReturnsToWhereItCameFrom) {
+    DeletionStage stage;
+    leaveJournal(stage,
+                 intentText({IntentKind::trash, entryOf("/a", "/t/a"), {{}, {}, {}, "/aside a"}}) +
+                     intentText({IntentKind::restore, entryOf("/b", "/t/b"), {{}, {}, {}, "/aside b"}}));
+    NotedRemoval removal;
+    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_EQ(removal.asked, (std::vector<std::string>{"/aside a to /a", "/aside b to /t/b"}));
+}
+
+TEST(History, aDamagedFileThatCannotBeKeptIsNotOverwritten) {
+    for (const int error : {EEXIST, EIO}) {
+        DeletionStage stage;
+        RefusingStore store(stage.store);
+        DeletionHistory history(store, stage.removal);
+        std::filesystem::create_directories(store.folder());
+        std::ofstream(history.filePath()) << "damaged";
+        store.refused = "rename";
+        store.error = error;
+        EXPECT_FALSE(history.append({entryOf("/a")}));
+        EXPECT_EQ(valueOf(stage.store.read("history.json")), "damaged");
+        store.refused.clear();
+        EXPECT_TRUE(history.save());
+        EXPECT_EQ(stage.historyOnDisk(), history.entries());
+    }
+}
+
+TEST(History, aRunWithoutAJournalIsRecordedToo) {
+    DeletionStage stage;
+    DeletionHistory history(stage.store, stage.removal);
+    ExecutedRun run;
+    EXPECT_TRUE(history.record(run));
+    EXPECT_TRUE(history.entries().empty());
+    run.entries = {entryOf("/a")};
+    EXPECT_TRUE(history.record(run));
+    EXPECT_EQ(stage.historyOnDisk(), run.entries);
+}
+
+TEST(History, offersToRestoreOnlyWhatCanComeBack) {
+    DeletionStage stage;
+    for (const char* name : {"gone", "back", "emptied", "taken", "ready"})
+        stage.tree.fileWithText("home/" + std::string(name), "text");
+    const auto trashed = [&](const char* name) {
+        return stage.run(stage.home(name), Removal::trash).entries.front();
+    };
+    const HistoryEntry gone = stage.run(stage.home("gone"), Removal::permanent).entries.front();
+    HistoryEntry back = trashed("back");
+    back.restored = true;
+    const HistoryEntry emptied = trashed("emptied");
+    std::filesystem::remove(*emptied.trashPath);
+    const HistoryEntry taken = trashed("taken");
+    stage.tree.fileWithText("home/taken", "another");
+    const HistoryEntry ready = trashed("ready");
+    DeletionHistory history(stage.store, stage.removal);
+    for (const HistoryEntry& entry : {gone, back, emptied, taken})
+        EXPECT_FALSE(history.canRestore(entry)) << entry.originalPath;
+    EXPECT_EQ(history.restoreIfPossible(taken)->description, "Something else is in its place now.");
+    EXPECT_TRUE(history.canRestore(ready));
+    EXPECT_FALSE(history.restoreIfPossible(ready));
+    EXPECT_TRUE(stage.tree.exists("home/ready"));
+}
+
+TEST(Executor, judgesWhereALinkedFolderLeads) {
+    for (const bool isProtected : {true, false}) {
+        DeletionStage stage;
+        stage.tree.fileWithText("home/real/file", "text");
+        std::filesystem::create_directory_symlink(stage.home("real"), stage.home("link"));
+        if (isProtected)
+            stage.protectedFolder = stage.home("real");
+        const ExecutedRun run =
+            stage.executor.execute({DeletionStage::request(stage.home("link/file"), Removal::permanent)});
+        EXPECT_EQ(run.report.skippedProtected.size(), isProtected ? 1U : 0U);
+        EXPECT_EQ(stage.tree.exists("home/real/file"), isProtected);
+    }
+}
+
+template <class Record>
+void expectEachChangeToShow(const Record& record, const std::vector<void (*)(Record&)>& changes) {
+    EXPECT_EQ(Record(record), record);
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        Record changed = record;
+        changes[i](changed);
+        EXPECT_FALSE(changed == record) << "change " << i;
+    }
+}
+
+TEST(Planning, recordsDifferByEachField) {
+    expectEachChangeToShow<PlanItem>({"/a", "a", 1, Removal::trash, {Risk::safe, "why"}},
+                                     {
+                                         [](PlanItem& item) { item.path = "/b"; },
+                                         [](PlanItem& item) { item.name = "b"; },
+                                         [](PlanItem& item) { item.size = 2; },
+                                         [](PlanItem& item) { item.removal = Removal::permanent; },
+                                         [](PlanItem& item) { item.verdict.risk = Risk::review; },
+                                         [](PlanItem& item) { item.verdict.reason = "else"; },
+                                     });
+    expectEachChangeToShow<HistoryEntry>(entryOf("/a"),
+                                         {
+                                             [](HistoryEntry& entry) { entry.id = Uuid::random(); },
+                                             [](HistoryEntry& entry) { entry.date = 1; },
+                                             [](HistoryEntry& entry) { entry.originalPath = "/b"; },
+                                             [](HistoryEntry& entry) { entry.trashPath = "/t"; },
+                                             [](HistoryEntry& entry) { entry.size = 1; },
+                                             [](HistoryEntry& entry) { entry.restored = true; },
+                                         });
+}
+
+} // namespace
+} // namespace brimlet::test
