@@ -64,7 +64,8 @@ Outcome run(const std::string& program, const std::vector<std::string>& argument
             const std::map<std::string, std::string>& environment, std::string_view input,
             const WhileRunning& whileRunning) {
     const File inputFile(std::tmpfile(), std::fclose);
-    std::fwrite(input.data(), 1, input.size(), inputFile.get());
+    if (!input.empty())
+        std::fwrite(input.data(), 1, input.size(), inputFile.get());
     std::rewind(inputFile.get());
     const File output(std::tmpfile(), std::fclose);
     const File error(std::tmpfile(), std::fclose);
