@@ -8,15 +8,12 @@
 
 namespace brimlet {
 
-DeletionEngine::DeletionEngine()
+PathAssessor::PathAssessor()
     : running(bundles)
     , policy(homeFolder(), junkCatalogue(), bundles, running)
-    , removal(homeFolder(), calls)
-    , records(historyFolder(homeFolder()), calls)
-    , executor(removal, records, [this](std::string_view path) { return policy.verdict(path); })
-    , history(records, removal) {}
+    , removal(homeFolder(), calls) {}
 
-SafetyVerdict DeletionEngine::verdict(const std::string& path) {
+SafetyVerdict PathAssessor::verdict(const std::string& path) {
     SafetyVerdict asGiven = policy.verdict(path);
     const auto pinned = removal.pin(path);
     if (errorIn(pinned) != nullptr)
@@ -25,6 +22,12 @@ SafetyVerdict DeletionEngine::verdict(const std::string& path) {
         policy.verdict((*std::get_if<std::unique_ptr<PinnedEntry>>(&pinned))->resolvedPath());
     return resolved.risk > asGiven.risk ? resolved : asGiven;
 }
+
+DeletionEngine::DeletionEngine(PathAssessor& assessor)
+    : records(historyFolder(homeFolder()), assessor.calls)
+    , executor(assessor.removal, records,
+               [&assessor](std::string_view path) { return assessor.policy.verdict(path); })
+    , history(records, assessor.removal) {}
 
 std::string absoluteAsGiven(const std::string& path) {
     if (path.empty() || path.starts_with('/'))

@@ -1,4 +1,4 @@
-// The deletion engine as the commands use it: the user's own Trash, history and safety policy.
+// Judging and removing as the commands do it: the user's own Trash, history and safety policy.
 #pragma once
 
 #include "platform/linux/FileSystemCalls.h"
@@ -15,9 +15,10 @@
 
 namespace brimlet {
 
-class DeletionEngine {
+/// The safety policy over the user's home folder. Changes nothing on the disk.
+class PathAssessor {
 public:
-    DeletionEngine();
+    PathAssessor();
 
     /// The stricter of the verdicts on a path as given and on the path without links that it leads to.
     SafetyVerdict verdict(const std::string& path);
@@ -27,6 +28,14 @@ public:
     LinuxRunningApplications running;
     SafetyPolicy policy;
     LinuxFileRemoval removal;
+};
+
+/// Making it makes the folder of the history and completes what was interrupted.
+class DeletionEngine {
+public:
+    /// assessor   must outlive the engine
+    explicit DeletionEngine(PathAssessor& assessor);
+
     LinuxRecordStore records;
     DeletionExecutor executor;
     DeletionHistory history;

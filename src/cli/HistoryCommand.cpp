@@ -35,7 +35,8 @@ std::string localTime(double secondsSince2001) {
 }
 
 ExitStatus showHistory(bool json) {
-    const DeletionEngine engine;
+    PathAssessor assessor;
+    const DeletionEngine engine(assessor);
     if (json) {
         std::puts(historyText(engine.history.entries()).c_str());
         return ExitStatus::done;
@@ -70,7 +71,8 @@ const HistoryEntry* entryOf(const std::vector<HistoryEntry>& entries, const std:
 ExitStatus restore(const RestoreOptions& options) {
     if (options.last == !options.ids.empty())
         return fail("Name entries of the history, or give --last.");
-    DeletionEngine engine;
+    PathAssessor assessor;
+    DeletionEngine engine(assessor);
     const std::vector<HistoryEntry> known = engine.history.entries();
     std::vector<HistoryEntry> wanted;
     if (const HistoryEntry* entry = options.last ? lastRestorable(known) : nullptr)

@@ -32,12 +32,12 @@ struct RemoveOptions {
     bool json = false;
 };
 
-DeletionPlan planFor(const RemoveOptions& options, DeletionEngine& engine) {
+DeletionPlan planFor(const RemoveOptions& options, PathAssessor& assessor) {
     std::vector<PlanItem> items;
     for (const std::string& given : options.paths) {
         const std::string path = absoluteAsGiven(given);
         items.push_back({path, std::string(lastPathComponent(path)), measureTree(path).bytes,
-                         options.permanent ? Removal::permanent : Removal::trash, engine.verdict(path)});
+                         options.permanent ? Removal::permanent : Removal::trash, assessor.verdict(path)});
     }
     return planOf(items, "Remove").value_or(DeletionPlan());
 }
@@ -136,8 +136,8 @@ bool prefersPermanent() {
 
 ExitStatus remove(RemoveOptions options) {
     options.permanent = options.permanent || prefersPermanent();
-    DeletionEngine engine;
-    const DeletionPlan plan = planFor(options, engine);
+    PathAssessor assessor;
+    const DeletionPlan plan = planFor(options, assessor);
     if (options.dryRun && options.json) {
         printPlanJson(plan);
         return ExitStatus::done;
@@ -151,6 +151,7 @@ ExitStatus remove(RemoveOptions options) {
                    RemovalPreference::asPlanned);
     if (!requests.empty() && !options.yes && !isConfirmed(requests))
         return fail("Nothing was deleted.");
+    DeletionEngine engine(assessor);
     ExecutedRun run = engine.executor.execute(requests);
     if (!engine.history.record(run))
         fail("The history could not be written. It is completed at the next start.");

@@ -42,30 +42,40 @@ ExecutedRun DeletionExecutor::execute(const std::vector<DeletionRequest>& reques
     return run;
 }
 
+DeletionExecutor::Protection DeletionExecutor::protection(const std::string& path) const {
+    SafetyVerdict verdict = m_judge(path);
+    return verdict.risk == Risk::protected_ ? Protection(std::move(verdict.reason)) : std::nullopt;
+}
+
 void DeletionExecutor::carryOut(const DeletionRequest& request, ExecutedRun& run) {
     const auto refuse = [&](std::vector<DeletionFailure>& list, std::string why) {
         list.push_back({Uuid::random(), request.path, std::move(why)});
     };
-    SafetyVerdict verdict = m_judge(request.path);
-    if (verdict.risk == Risk::protected_)
-        return refuse(run.report.skippedProtected, std::move(verdict.reason));
+    Protection protectedBy = protection(request.path);
+    if (protectedBy)
+        return refuse(run.report.skippedProtected, std::move(*protectedBy));
     const Result<std::unique_ptr<PinnedEntry>> pinned = m_removal.pin(request.path);
     if (const PlatformError* error = errorIn(pinned))
         return refuse(run.report.failures, reason(*error));
     const PinnedEntry& entry = **std::get_if<std::unique_ptr<PinnedEntry>>(&pinned);
-    if (entry.resolvedPath() != request.path) {
-        verdict = m_judge(entry.resolvedPath());
-        if (verdict.risk == Risk::protected_)
-            return refuse(run.report.skippedProtected, std::move(verdict.reason));
-    }
-    if (const Failure failure = perform(request, entry, run))
+    const auto judge = [&](const PlannedMove&) -> Failure {
+        protectedBy = protection(request.path);
+        if (!protectedBy && entry.resolvedPath() != request.path)
+            protectedBy = protection(entry.resolvedPath());
+        return protectedBy ? Failure({ErrorDomain::posix, notPermitted, std::nullopt, *protectedBy})
+                           : std::nullopt;
+    };
+    const Failure failure = perform(request, entry, run, judge);
+    if (protectedBy)
+        refuse(run.report.skippedProtected, std::move(*protectedBy));
+    else if (failure)
         refuse(run.report.failures, reason(*failure));
 }
 
 /// Removes one entry and records that. An error with an entry recorded tells of what the original left
 /// behind.
-Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEntry& pinned,
-                                  ExecutedRun& run) {
+Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEntry& pinned, ExecutedRun& run,
+                                  const BeforeMove& judge) {
     HistoryEntry entry;
     entry.date = historyDateNow();
     entry.originalPath = request.path;
@@ -73,7 +83,8 @@ Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEn
     Failure leftBehind;
     if (request.removal == Removal::trash) {
         const auto note = [&](const PlannedMove& move) {
-            return run.journal->note({IntentKind::trash, entry, move});
+            const Failure refused = judge(move);
+            return refused ? refused : run.journal->note({IntentKind::trash, entry, move});
         };
         const Result<TrashArrival> arrival = m_removal.moveToTrash(pinned, note);
         if (const PlatformError* error = errorIn(arrival))
@@ -82,8 +93,10 @@ Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEn
         leftBehind = std::get_if<TrashArrival>(&arrival)->leftBehind;
         run.report.movedToTrash += request.size;
     } else {
-        // A permanent removal has no way back to lose, and on a full disk it must not need space first.
         const auto note = [&](const PlannedMove& move) -> Failure {
+            if (auto refused = judge(move))
+                return refused;
+            // There is no way back to lose, and on a full disk a removal must not need space first.
             (void)run.journal->note({IntentKind::remove, entry, move});
             return std::nullopt;
         };

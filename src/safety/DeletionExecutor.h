@@ -2,12 +2,11 @@
 //
 // Invariants:
 // 1. Every request is judged afresh, by its path as given and by the path without links that it leads to;
-// what
-//    either verdict protects is not touched. The folder that was judged is the folder that is worked in.
+//    what either verdict protects is not touched. It is judged again before each step that the journal is
+//    told of, so also after a long copy. The folder that was judged is the folder that is worked in.
 // 2. Requests are done one at a time, in order, and none ends the run: each is in `deletedPaths`, in
-// `failures` or
-//    in `skippedProtected`. One whose copy is in the Trash while part of the original would not go is in the
-//    first two.
+//    `failures` or in `skippedProtected`. One whose copy is in the Trash while part of the original would not
+//    go is in the first two.
 // 3. Nothing is moved to the Trash before the way back is on the disk (RunJournal).
 // Blocks on the disk; called off the interface thread. Several runs may go on side by side.
 #pragma once
@@ -19,6 +18,7 @@
 #include "safety/RunJournal.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,8 +43,13 @@ public:
     static std::string reason(const PlatformError& forError);
 
 private:
+    /// Why a path may not be touched, or nothing.
+    using Protection = std::optional<std::string>;
+
+    Protection protection(const std::string& path) const;
     void carryOut(const DeletionRequest& request, ExecutedRun& run);
-    Failure perform(const DeletionRequest& request, const PinnedEntry& pinned, ExecutedRun& run);
+    Failure perform(const DeletionRequest& request, const PinnedEntry& pinned, ExecutedRun& run,
+                    const BeforeMove& judge);
 
     FileRemoval& m_removal;
     RecordStore& m_store;

@@ -32,6 +32,12 @@ std::string damagedName(int attempt) {
     return "history.damaged-" + std::string(stamp.data(), length) + counted + ".json";
 }
 
+/// Whether the same call may succeed a moment later, so that nothing is wrong with the file.
+bool isPassing(const PlatformError& error) {
+    const auto codes = {EMFILE, ENFILE, ENOMEM, EINTR, EAGAIN};
+    return std::any_of(codes.begin(), codes.end(), [&](int code) { return error == errorFromErrno(code); });
+}
+
 PlatformError refusal(std::string_view sentence) {
     return {ErrorDomain::posix, EEXIST, std::nullopt, localized(sentence)};
 }
@@ -56,9 +62,9 @@ std::string DeletionHistory::filePath() const {
 
 DeletionHistory::File DeletionHistory::readFile() {
     const auto bytes = m_store.read(fileName);
+    if (const PlatformError* error = errorIn(bytes))
+        return {isPassing(*error) ? FileState::unknown : FileState::damaged, {}};
     const auto* text = std::get_if<std::optional<std::string>>(&bytes);
-    if (text == nullptr)
-        return {FileState::damaged, {}};
     if (!*text)
         return {FileState::missing, {}};
     auto entries = historyFromText(**text);
@@ -84,7 +90,7 @@ bool DeletionHistory::save() {
     if (errorIn(lock) != nullptr)
         return false;
     const File file = readFile();
-    if (file.state == FileState::damaged && !keepDamagedFile())
+    if (file.state == FileState::unknown || (file.state == FileState::damaged && !keepDamagedFile()))
         return false;
     // A file that is gone or damaged says nothing about what others took away.
     std::vector<HistoryEntry> merged =

@@ -2,16 +2,14 @@
 //
 // One file, "history.json", read at creation and replaced as a whole after every change. Invariants:
 // 1. The file is always the old list or the new one. A file that doesn't decode is kept beside it before the
-// first
-//    write ("history.damaged-<date>.json").
+//    first write ("history.damaged-<date>.json"); while the file can't be looked at, nothing is written.
 // 2. Other processes' entries survive: each write happens under the store's lock and merges what the file
-// holds.
-// 3. A failed write changes neither the list in memory nor the disk, and the journals stay, so that the next
-// start
-//    completes what is missing.
+//    holds.
+// 3. A failed write leaves the file as it was and the journals where they are. The list in memory keeps the
+//    change: the next write carries it, or the next start completes it.
 // 4. Creation completes what runs that died had begun: an entry whose item has arrived at its noted place
-// with its
-//    noted identity is added, others are dropped, scratch is removed.
+// with
+//    its noted identity is added, others are dropped, scratch is removed.
 // One thread at a time; blocks on the disk.
 #pragma once
 
@@ -65,7 +63,12 @@ public:
     bool save();
 
 private:
-    enum class FileState { missing, whole, damaged }; ///< damaged: can't be read, or doesn't decode
+    enum class FileState {
+        missing,
+        whole,
+        damaged, ///< can't be read, or doesn't decode
+        unknown, ///< another try may read it
+    };
     struct File {
         FileState state = FileState::missing;
         std::vector<HistoryEntry> entries;

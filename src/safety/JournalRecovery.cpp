@@ -50,26 +50,26 @@ void JournalRecovery::forget() {
     m_finished.clear();
 }
 
-bool JournalRecovery::isAt(const std::string& path, const FileIdentity& identity) {
-    const auto there = m_removal.identity(path);
-    const auto* found = std::get_if<std::optional<FileIdentity>>(&there);
-    return found != nullptr && *found == identity;
-}
-
 /// Whether nothing of this intent is left to be done at another start.
 bool JournalRecovery::completeIntent(const Intent& intent, RecoveredEntries& found) {
     const bool isTidy = tidy(intent);
     HistoryEntry entry = intent.entry;
-    if (intent.kind == IntentKind::remove) {
-        const auto there = m_removal.identity(entry.originalPath);
-        const auto* original = std::get_if<std::optional<FileIdentity>>(&there);
-        if (isTidy && original != nullptr && !*original)
+    const bool isRemoval = intent.kind == IntentKind::remove;
+    const std::string& place = isRemoval ? entry.originalPath : intent.move.destination;
+    if (place.empty())
+        return isTidy;
+    const auto answer = m_removal.identity(place);
+    const auto* there = std::get_if<std::optional<FileIdentity>>(&answer);
+    if (there == nullptr) // the disk may answer another start
+        return false;
+    if (isRemoval) {
+        if (isTidy && !*there)
             found.deleted.push_back(std::move(entry));
-    } else if (!intent.move.destination.empty() && isAt(intent.move.destination, intent.move.identity)) {
+    } else if (*there == intent.move.identity) {
         if (intent.kind == IntentKind::restore) {
             found.restored.push_back(entry.id);
         } else {
-            entry.trashPath = intent.move.destination;
+            entry.trashPath = place;
             found.deleted.push_back(std::move(entry));
         }
     }

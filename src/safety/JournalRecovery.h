@@ -25,7 +25,8 @@ public:
         : m_store(store)
         , m_removal(removal) {}
 
-    /// Finds what dead runs did and removes their scratch. Journals that yield entries stay until forget().
+    /// Finds what dead runs did and removes their scratch. Journals that yield entries stay until forget(),
+    /// those about which the disk gives no answer until another start.
     RecoveredEntries complete();
 
     /// Removes the journals, once the history holds what complete() gave.
@@ -35,7 +36,6 @@ private:
     bool hasJournals();
     bool completeIntent(const Intent& intent, RecoveredEntries& found);
     bool tidy(const Intent& intent);
-    bool isAt(const std::string& path, const FileIdentity& identity);
 
     RecordStore& m_store;
     FileRemoval& m_removal;

@@ -343,5 +343,25 @@ TEST(Executor, judgesAfreshAndGoesOnAfterEveryRefusal) {
     EXPECT_FALSE(run.entries.back().trashPath);
 }
 
+TEST(Executor, judgesAgainWhenACopyIsComplete) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/disk/app/file", "text");
+    stage.calls.separate(stage.home("disk"));
+    DeletionExecutor executor(stage.removal, stage.store, [&](std::string_view) {
+        const bool isOpen = stage.hasScratch(); // the user starts it while it is copied
+        return isOpen ? SafetyVerdict{Risk::protected_, "The app is open."}
+                      : SafetyVerdict{Risk::safe, "It is closed."};
+    });
+    const ExecutedRun run =
+        executor.execute({DeletionStage::request(stage.home("disk/app"), Removal::trash)});
+    ASSERT_EQ(run.report.skippedProtected.size(), 1U);
+    EXPECT_EQ(run.report.skippedProtected.front().reason, "The app is open.");
+    EXPECT_TRUE(run.report.failures.empty());
+    EXPECT_TRUE(run.entries.empty());
+    EXPECT_TRUE(stage.tree.exists("home/disk/app/file"));
+    EXPECT_TRUE(stage.trashNames().empty());
+    EXPECT_FALSE(stage.hasScratch());
+}
+
 } // namespace
 } // namespace brimlet::test

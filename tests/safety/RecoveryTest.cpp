@@ -35,7 +35,11 @@ public:
             return errorFromErrno(error);
         return m_store.lock();
     }
-    Result<std::optional<std::string>> read(std::string_view name) override { return m_store.read(name); }
+    Result<std::optional<std::string>> read(std::string_view name) override {
+        if (refuses("read"))
+            return errorFromErrno(error);
+        return m_store.read(name);
+    }
     Failure replace(std::string_view name, std::string_view bytes) override {
         return refuses("replace") ? errorFromErrno(error) : m_store.replace(name, bytes);
     }
@@ -139,6 +143,11 @@ TEST(JournalRecovery, claimsNothingWhoseWhereaboutsAreUnknown) {
                             intentText({IntentKind::restore, entryOf("/c", "/u"), {"/c", "1-1.1", {}, {}}}));
     NotedRemoval removal;
     EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_TRUE(hasJournal(stage)) << "the next start may learn more";
+    const RecoveredEntries later = JournalRecovery(stage.store, stage.removal).complete();
+    ASSERT_EQ(later.deleted.size(), 1U);
+    EXPECT_EQ(later.deleted.front().originalPath, "/b");
+    EXPECT_TRUE(later.restored.empty());
 }
 
 TEST(JournalRecovery, aJournalStaysUntilAllItsScratchIsGone) {
@@ -184,6 +193,23 @@ TEST(History, aDamagedFileThatCannotBeKeptIsNotOverwritten) {
         EXPECT_TRUE(history.save());
         EXPECT_EQ(stage.historyOnDisk(), history.entries());
     }
+}
+
+TEST(History, aFileThatCannotBeReadForTheMomentKeepsItsEntries) {
+    DeletionStage stage;
+    const HistoryEntry old = entryOf("/old");
+    EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).append({old}));
+    RefusingStore store(stage.store);
+    store.refused = "read";
+    store.error = EMFILE;
+    DeletionHistory history(store, stage.removal);
+    const HistoryEntry added = entryOf("/new");
+    EXPECT_FALSE(history.append({added}));
+    EXPECT_EQ(stage.historyOnDisk(), std::vector<HistoryEntry>{old});
+    EXPECT_EQ(history.entries(), std::vector<HistoryEntry>{added}) << "the way back is still offered";
+    store.refused.clear();
+    EXPECT_TRUE(history.save());
+    EXPECT_EQ(stage.historyOnDisk(), (std::vector<HistoryEntry>{added, old}));
 }
 
 TEST(History, aRunWithoutAJournalIsRecordedToo) {

@@ -25,7 +25,7 @@ T.ToolTip {
     contentItem: AppText {
         color: Theme.text
         kind: AppText.Caption
-        text: control.text
+        text: control.visible ? control.text : "" // hundreds wait unseen in the rows of tables
         wrapMode: Text.Wrap
     }
 }

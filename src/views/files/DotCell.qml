@@ -19,7 +19,7 @@ RowLayout {
     AppText {
         Layout.fillWidth: true
         color: Theme.textSecondary
-        text: cell.text
+        text: visible ? cell.text : ""
         Accessible.ignored: true
     }
 }

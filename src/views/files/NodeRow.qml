@@ -49,8 +49,11 @@ Rectangle {
         }
     }
     component Words: AppText {
+        property string words
+
         anchors.fill: parent
         color: Theme.textSecondary
+        text: visible ? words : "" // nothing is laid out for a cell that isn't shown
         Accessible.ignored: true
     }
 
@@ -102,7 +105,7 @@ Rectangle {
             Words {
                 figures: true
                 horizontalAlignment: Text.AlignRight
-                text: nodeRow.share
+                words: nodeRow.share
             }
         }
         Cell {
@@ -111,7 +114,7 @@ Rectangle {
             Words {
                 figures: true
                 horizontalAlignment: Text.AlignRight
-                text: nodeRow.fileCount
+                words: nodeRow.fileCount
             }
         }
         Cell {
@@ -127,7 +130,7 @@ Rectangle {
             wanted: nodeRow.widths.category ?? 0
 
             Words {
-                text: nodeRow.category
+                words: nodeRow.category
             }
         }
         Cell {
@@ -143,14 +146,14 @@ Rectangle {
             wanted: nodeRow.widths.modified ?? 0
 
             Words {
-                text: nodeRow.modified
+                words: nodeRow.modified
             }
         }
         Cell {
             wanted: nodeRow.widths.lastOpened ?? 0
 
             Words {
-                text: nodeRow.lastOpened
+                words: nodeRow.lastOpened
             }
         }
         Cell {
