@@ -41,7 +41,7 @@ struct AppServices {
     SystemOpener& opener;
     PreferencesStore& preferences;
     Panels& panels;
-    const SafetyPolicy& policy;
+    const SafetyPolicy& policy; ///< for what is shown and planned; `deletionRun` asks its own
     StageClock& clock;
     JunkSearch junkSearch;
     DeletionRun deletionRun;

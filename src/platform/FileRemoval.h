@@ -2,18 +2,14 @@
 //
 // Invariants of every implementation:
 // 1. Work is done relative to the folder that `pin` opened. No path is resolved a second time, so an entry
-// that
-//    was judged is the entry that goes, wherever links are swapped meanwhile.
+//    that was judged is the entry that goes, wherever links are swapped meanwhile.
 // 2. No symbolic link is followed below a pinned entry, and no mount point is crossed: a link goes as a link,
-// a
-//    folder with another disk mounted in it is reported.
+//    a folder with another disk mounted in it is reported.
 // 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it;
-// what
-//    could not be removed afterwards returns to its place and is reported.
+//    what could not be removed afterwards returns to its place and is reported.
 // 4. Nothing is ever overwritten: every rename that gives something a name is exclusive.
 // 5. What is moved to another device is copied completely and synced before its original leaves its place,
-// and
-//    nothing that is not in the copy is removed from the original.
+//    and nothing that is not in the copy is removed from the original.
 // 6. Before the first rename the caller is told where the entry goes; if the caller cannot note that down,
 //    nothing happens.
 // Callable from any thread; calls block on the disk.

@@ -7,9 +7,8 @@
 //    holds.
 // 3. A failed write leaves the file as it was and the journals where they are. The list in memory keeps the
 //    change: the next write carries it, or the next start completes it.
-// 4. Creation completes what runs that died had begun: an entry whose item has arrived at its noted place
-// with
-//    its noted identity is added, others are dropped, scratch is removed.
+// 4. Creation completes what runs that died had begun: an entry whose item has arrived at its noted place,
+//    with its noted identity, is added, others are dropped, scratch is removed.
 // One thread at a time; blocks on the disk.
 #pragma once
 

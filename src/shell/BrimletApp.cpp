@@ -16,9 +16,11 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_running(m_bundles)
     , m_preferences(FilePreferencesStore::standardFile(m_homeFolder))
     , m_policy(m_homeFolder, junkCatalogue(), m_bundles, m_running)
+    , m_recentlyRunning(m_running, std::chrono::seconds(1))
+    , m_shownPolicy(m_homeFolder, junkCatalogue(), m_bundles, m_recentlyRunning)
     , m_junkFinder(m_homeFolder, m_lister, m_accessProbe)
     , m_removal(m_homeFolder, m_calls)
-    , m_records(m_homeFolder + "/Library/Application Support/Brimlet", m_calls)
+    , m_records(historyFolder(m_homeFolder), m_calls)
     , m_executor(m_removal, m_records, [this](std::string_view path) { return m_policy.verdict(path); })
     , m_history(m_records, m_removal) {
     connectTranslations();
@@ -29,8 +31,8 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
 AppState& BrimletApp::state() {
     if (!m_state)
         m_state = std::make_unique<AppState>(
-            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels, m_policy,
-                        m_clock, [this] { return m_junkFinder.scan(junkCatalogue()); },
+            AppServices{m_homeFolder, m_volumes, m_accessProbe, m_opener, m_preferences, m_panels,
+                        m_shownPolicy, m_clock, [this] { return m_junkFinder.scan(junkCatalogue()); },
                         [this](const auto& requests) { return m_executor.execute(requests); }, m_history});
     return *m_state;
 }

@@ -16,6 +16,7 @@
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/LinuxSystemOpener.h"
 #include "platform/linux/LinuxVolumes.h"
+#include "platform/RecentRunningApplications.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/DeletionHistory.h"
 #include "safety/SafetyPolicy.h"
@@ -55,7 +56,9 @@ private:
     LinuxRunningApplications m_running;
     FilePreferencesStore m_preferences;
     SystemStageClock m_clock;
-    SafetyPolicy m_policy;
+    SafetyPolicy m_policy; ///< decides over every removal
+    RecentRunningApplications m_recentlyRunning;
+    SafetyPolicy m_shownPolicy; ///< for lists and plans, asked row by row
     JunkFinder m_junkFinder;
     FileSystemCalls m_calls;
     LinuxFileRemoval m_removal;

@@ -16,39 +16,34 @@ constexpr std::string_view listMode = "list";
 
 } // namespace
 
-void ExplorerModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state) {
-        connect(m_state, &AppState::explorerStackChanged, this, &ExplorerModel::changed);
-        connect(m_state, &AppState::revisionChanged, this, &ExplorerModel::changed);
-    }
-    emit stateChanged();
+void ExplorerModel::watch(AppState& state) {
+    connect(&state, &AppState::explorerStackChanged, this, &ExplorerModel::changed);
+    connect(&state, &AppState::revisionChanged, this, &ExplorerModel::changed);
+}
+
+void ExplorerModel::read() {
     emit changed();
     emit showsMapChanged();
 }
 
 FileNode* ExplorerModel::current() const {
-    return m_state && !m_state->explorerStack().empty() ? m_state->explorerStack().back() : nullptr;
+    return state() && !state()->explorerStack().empty() ? state()->explorerStack().back() : nullptr;
 }
 
 QStringList ExplorerModel::crumbs() const {
     QStringList crumbs;
     if (isEmpty())
         return crumbs;
-    for (const FileNode* node : m_state->explorerStack())
+    for (const FileNode* node : state()->explorerStack())
         crumbs << displayText(node->parent != nullptr ? std::string(node->name)
-                                                      : displayPath(node->path(), m_state->homeFolder()));
+                                                      : displayPath(node->path(), state()->homeFolder()));
     return crumbs;
 }
 
 QString ExplorerModel::title() const {
     if (isEmpty())
         return {};
-    return current()->parent != nullptr ? displayText(current()->name) : m_state->scanTargetLabel();
+    return current()->parent != nullptr ? displayText(current()->name) : state()->scanTargetLabel();
 }
 
 QVariantList ExplorerModel::segments() const {
@@ -71,32 +66,32 @@ QString ExplorerModel::smallFilesNote() const {
 }
 
 bool ExplorerModel::showsMap() const {
-    return m_state && m_state->preferences().explorerMode() == mapMode;
+    return state() && state()->preferences().explorerMode() == mapMode;
 }
 
 void ExplorerModel::setShowsMap(bool map) {
-    if (!m_state || map == showsMap())
+    if (!state() || map == showsMap())
         return;
-    m_state->preferences().setExplorerMode(std::string(map ? mapMode : listMode));
+    state()->preferences().setExplorerMode(std::string(map ? mapMode : listMode));
     emit showsMapChanged();
 }
 
 void ExplorerModel::goTo(int crumb) {
-    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= m_state->explorerStack().size())
+    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= state()->explorerStack().size())
         return;
-    std::vector<FileNode*> stack = m_state->explorerStack();
+    std::vector<FileNode*> stack = state()->explorerStack();
     stack.resize(static_cast<std::size_t>(crumb) + 1);
-    m_state->setExplorerStack(std::move(stack));
+    state()->setExplorerStack(std::move(stack));
 }
 
 void ExplorerModel::goUp() {
     if (canGoUp())
-        goTo(static_cast<int>(m_state->explorerStack().size()) - 2);
+        goTo(static_cast<int>(state()->explorerStack().size()) - 2);
 }
 
 void ExplorerModel::revealCurrent() {
     if (!isEmpty())
-        m_state->opener().revealPath(current()->path());
+        state()->opener().revealPath(current()->path());
 }
 
 } // namespace brimlet

@@ -1,20 +1,16 @@
 // Where the Explorer is and what it says about that folder. Main thread.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateReader.h"
 
-#include <QObject>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <QVariantList>
 
 namespace brimlet {
 
-class ExplorerModel : public QObject {
+class ExplorerModel : public brimlet::AppStateReader { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed) ///< nothing has been scanned
     Q_PROPERTY(QStringList crumbs READ crumbs NOTIFY changed)
     Q_PROPERTY(bool canGoUp READ canGoUp NOTIFY changed)
@@ -26,14 +22,11 @@ class ExplorerModel : public QObject {
     Q_PROPERTY(bool showsMap READ showsMap WRITE setShowsMap NOTIFY showsMapChanged) ///< kept across starts
 
 public:
-    explicit ExplorerModel(QObject* parent = nullptr)
-        : QObject(parent) {}
+    using AppStateReader::AppStateReader;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
     bool isEmpty() const { return current() == nullptr; }
     QStringList crumbs() const;
-    bool canGoUp() const { return m_state && m_state->explorerStack().size() > 1; }
+    bool canGoUp() const { return state() && state()->explorerStack().size() > 1; }
     QString title() const;
     double size() const { return isEmpty() ? 0 : static_cast<double>(current()->size); }
     double fileCount() const { return isEmpty() ? 0 : static_cast<double>(current()->fileCount); }
@@ -47,14 +40,14 @@ public:
     Q_INVOKABLE void revealCurrent();
 
 signals:
-    void stateChanged();
-    void changed();
     void showsMapChanged();
+
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
 private:
     FileNode* current() const;
-
-    QPointer<AppState> m_state;
 };
 
 } // namespace brimlet

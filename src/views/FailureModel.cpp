@@ -5,24 +5,13 @@
 
 namespace brimlet {
 
-FailureModel::FailureModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void FailureModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::failuresChanged, this, &FailureModel::readFailures);
-    emit stateChanged();
-    readFailures();
+void FailureModel::watch(AppState& state) {
+    connect(&state, &AppState::failuresChanged, this, &FailureModel::read);
 }
 
-void FailureModel::readFailures() {
+void FailureModel::read() {
     beginResetModel();
-    m_failures = m_state ? m_state->failures() : std::vector<DeletionFailure>();
+    m_failures = state()->failures();
     endResetModel();
     emit countChanged();
 }
@@ -32,13 +21,13 @@ int FailureModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant FailureModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_state)
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !state())
         return {};
     const DeletionFailure& failure = m_failures[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
     case path:
-        return shownText(displayPath(failure.path, m_state->homeFolder()));
+        return shownText(displayPath(failure.path, state()->homeFolder()));
     case reason:
         return shownText(failure.reason);
     default:

@@ -1,28 +1,21 @@
 // What could not be deleted in the last run, row by row.
 #pragma once
 
-#include "app/AppState.h"
-
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
+#include "views/AppStateListModel.h"
 
 namespace brimlet {
 
-class FailureModel : public QAbstractListModel {
+class FailureModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
     enum Role { path = Qt::UserRole, reason };
 
-    explicit FailureModel(QObject* parent = nullptr);
+    using AppStateListModel::AppStateListModel;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
     int count() const { return rowCount(); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -30,13 +23,13 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void stateChanged();
     void countChanged();
 
-private:
-    void readFailures();
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
-    QPointer<AppState> m_state;
+private:
     std::vector<DeletionFailure> m_failures;
 };
 

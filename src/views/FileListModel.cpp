@@ -13,9 +13,9 @@ void FileListModel::setFilter(FilterEditor* filter) {
         m_filter->disconnect(this);
     m_filter = filter;
     if (m_filter)
-        connect(m_filter, &FilterEditor::changed, this, &FileListModel::refresh);
+        connect(m_filter, &FilterEditor::changed, this, &FileListModel::read);
     emit filterChanged();
-    refresh();
+    read();
 }
 
 void FileListModel::setOnlyKind(int kind) {
@@ -23,10 +23,10 @@ void FileListModel::setOnlyKind(int kind) {
         return;
     m_onlyKind = kind;
     emit onlyKindChanged();
-    refresh();
+    read();
 }
 
-void FileListModel::refresh() {
+void FileListModel::read() {
     if (!state() || !m_filter)
         return;
     if (!state()->hasScan()) {

@@ -6,7 +6,7 @@
 
 namespace brimlet {
 
-class FileListModel : public brimlet::NodeTableModel { // qualified for the QML type registration
+class FileListModel : public brimlet::NodeTableModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
@@ -36,7 +36,7 @@ signals:
     void onlyKindChanged();
 
 protected:
-    void refresh() override;
+    void read() override;
 
 private:
     QPointer<FilterEditor> m_filter;

@@ -15,12 +15,12 @@ void FolderModel::activate(int row) {
     state()->setExplorerStack(std::move(stack));
 }
 
-void FolderModel::follow(AppState& state) {
-    NodeTableModel::follow(state);
-    connect(&state, &AppState::explorerStackChanged, this, &FolderModel::refresh);
+void FolderModel::watch(AppState& state) {
+    NodeTableModel::watch(state);
+    connect(&state, &AppState::explorerStackChanged, this, &FolderModel::read);
 }
 
-void FolderModel::refresh() {
+void FolderModel::read() {
     if (!state() || state()->explorerStack().empty())
         listNothing();
     else

@@ -5,7 +5,7 @@
 
 namespace brimlet {
 
-class FolderModel : public brimlet::NodeTableModel { // qualified for the QML type registration
+class FolderModel : public brimlet::NodeTableModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
@@ -18,8 +18,8 @@ public:
     Q_INVOKABLE void activate(int row);
 
 protected:
-    void refresh() override;
-    void follow(AppState& state) override;
+    void read() override;
+    void watch(AppState& state) override;
 };
 
 } // namespace brimlet

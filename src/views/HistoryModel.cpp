@@ -26,24 +26,12 @@ bool sameEntries(const std::vector<HistoryEntry>& left, const std::vector<Histor
 
 } // namespace
 
-HistoryModel::HistoryModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void HistoryModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::historyChanged, this, &HistoryModel::readHistory);
-    emit stateChanged();
-    readHistory();
+void HistoryModel::watch(AppState& state) {
+    connect(&state, &AppState::historyChanged, this, &HistoryModel::read);
 }
 
-void HistoryModel::readHistory() {
-    const std::vector<HistoryEntry> now =
-        m_state ? m_state->history().entries() : std::vector<HistoryEntry>();
+void HistoryModel::read() {
+    const std::vector<HistoryEntry> now = state()->history().entries();
     if (sameEntries(m_entries, now)) {
         m_entries = now;
         rolesChanged({method, restorable});
@@ -75,8 +63,8 @@ void HistoryModel::restore(int row) {
     if (!isRow(row))
         return;
     const HistoryEntry entry = entryAt(row); // the list changes meanwhile
-    if (m_state->history().canRestore(entry))
-        m_state->restoreEntry(entry);
+    if (state()->history().canRestore(entry))
+        state()->restoreEntry(entry);
 }
 
 void HistoryModel::restoreSelected() {
@@ -86,7 +74,7 @@ void HistoryModel::restoreSelected() {
             chosen.push_back(entry);
     }
     if (!chosen.empty())
-        m_state->restoreEntries(chosen);
+        state()->restoreEntries(chosen);
 }
 
 void HistoryModel::select(int row, SelectionMode mode) {
@@ -129,7 +117,7 @@ int HistoryModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant HistoryModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_state)
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !state())
         return {};
     const HistoryEntry& entry = entryAt(index.row());
     switch (role) {
@@ -139,7 +127,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
     case name:
         return shownText(lastPathComponent(entry.originalPath));
     case place:
-        return shownText(displayPath(entry.originalPath, m_state->homeFolder()));
+        return shownText(displayPath(entry.originalPath, state()->homeFolder()));
     case size:
         return std::max<qint64>(0, entry.size);
     case method:
@@ -147,7 +135,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
             return tr("Restored");
         return entry.trashPath ? tr("Trash") : tr("Deleted");
     case restorable:
-        return m_state->history().canRestore(entry);
+        return state()->history().canRestore(entry);
     case selected:
         return m_selection.contains(entry.id);
     default:

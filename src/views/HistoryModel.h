@@ -2,21 +2,17 @@
 // drawn, so only rows on screen cost anything. Selected rows are known by their entry.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateListModel.h"
 
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <set>
 #include <vector>
 
 namespace brimlet {
 
-class HistoryModel : public QAbstractListModel {
+class HistoryModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
@@ -26,10 +22,8 @@ public:
     enum SelectionMode { Replace, Toggle, Extend };
     Q_ENUM(SelectionMode)
 
-    explicit HistoryModel(QObject* parent = nullptr);
+    using AppStateListModel::AppStateListModel;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
     int count() const { return rowCount(); }
 
     Q_INVOKABLE void restore(int row);
@@ -49,16 +43,17 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void stateChanged();
     void countChanged();
+
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
 private:
     const HistoryEntry& entryAt(int row) const { return m_entries[static_cast<std::size_t>(row)]; }
     bool isRow(int row) const { return row >= 0 && row < rowCount(); }
-    void readHistory();
     void rolesChanged(const QList<int>& roles);
 
-    QPointer<AppState> m_state;
     std::vector<HistoryEntry> m_entries;
     std::set<Uuid> m_selection;
     int m_anchor = 0; // the row from which a range extends

@@ -11,41 +11,28 @@
 
 namespace brimlet {
 
-JunkModel::JunkModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void JunkModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::junkChanged, this, &JunkModel::readJunk);
-    emit stateChanged();
-    readJunk();
+void JunkModel::watch(AppState& state) {
+    connect(&state, &AppState::junkChanged, this, &JunkModel::read);
 }
 
-void JunkModel::readJunk() {
+void JunkModel::read() {
     beginResetModel();
     m_rows.clear();
     m_totals.clear();
-    if (m_state) {
-        m_selection.adopt(junk());
-        for (const JunkFinding& finding : junk())
-            m_totals.push_back(finding.total());
-        for (const JunkGroup group : allJunkGroups) {
-            bool first = true;
-            for (std::size_t i = 0; i < junk().size(); ++i) {
-                if (junk()[i].rule.group != group)
-                    continue;
-                if (std::exchange(first, false))
-                    m_rows.push_back({Kind::group, i, 0});
-                m_rows.push_back({Kind::rule, i, 0});
-                if (isExpanded(junk()[i])) {
-                    const std::vector<Row> opened = openedRows(i);
-                    m_rows.insert(m_rows.end(), opened.begin(), opened.end());
-                }
+    m_selection.adopt(junk());
+    for (const JunkFinding& finding : junk())
+        m_totals.push_back(finding.total());
+    for (const JunkGroup group : allJunkGroups) {
+        bool first = true;
+        for (std::size_t i = 0; i < junk().size(); ++i) {
+            if (junk()[i].rule.group != group)
+                continue;
+            if (std::exchange(first, false))
+                m_rows.push_back({Kind::group, i, 0});
+            m_rows.push_back({Kind::rule, i, 0});
+            if (isExpanded(junk()[i])) {
+                const std::vector<Row> opened = openedRows(i);
+                m_rows.insert(m_rows.end(), opened.begin(), opened.end());
             }
         }
     }
@@ -64,7 +51,7 @@ std::vector<JunkModel::Row> JunkModel::openedRows(std::size_t finding) const {
 }
 
 const JunkModel::Row* JunkModel::rowAt(int row) const {
-    return m_state && row >= 0 && row < rowCount() ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
+    return state() && row >= 0 && row < rowCount() ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
 }
 
 void JunkModel::setExpanded(int row, bool open) {
@@ -127,11 +114,11 @@ void JunkModel::ticksChanged() {
 void JunkModel::reveal(int row) {
     const Row* const shown = rowAt(row);
     if (shown != nullptr && shown->kind == Kind::item)
-        m_state->opener().revealPath(itemOf(*shown).path);
+        state()->opener().revealPath(itemOf(*shown).path);
 }
 
 void JunkModel::clean() {
-    if (!m_state)
+    if (!state())
         return;
     std::vector<ChosenJunk> chosen;
     for (const JunkFinding& finding : junk()) {
@@ -140,7 +127,7 @@ void JunkModel::clean() {
                 chosen.push_back({item, finding.rule.removal});
         }
     }
-    m_state->proposeJunkPlan(std::move(chosen));
+    state()->proposeJunkPlan(std::move(chosen));
 }
 
 int JunkModel::rowCount(const QModelIndex& parent) const {
@@ -148,7 +135,7 @@ int JunkModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant JunkModel::data(const QModelIndex& index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !m_state)
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !state())
         return {};
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole)
@@ -219,7 +206,7 @@ QVariant JunkModel::itemValue(const Row& row, int role) const {
     case tick:
         return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
     case path:
-        return shownText(displayPath(item.path, m_state->homeFolder()));
+        return shownText(displayPath(item.path, state()->homeFolder()));
     default:
         return {};
     }

@@ -4,22 +4,18 @@
 // chosen through its rule's box.
 #pragma once
 
-#include "app/AppState.h"
 #include "junk/JunkSelection.h"
+#include "views/AppStateListModel.h"
 
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <set>
 #include <vector>
 
 namespace brimlet {
 
-class JunkModel : public QAbstractListModel {
+class JunkModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(double selectedCount READ selectedCount NOTIFY selectionChanged)
     Q_PROPERTY(double selectedSize READ selectedSize NOTIFY selectionChanged)
 
@@ -44,10 +40,7 @@ public:
     /// How many items of a rule are listed.
     static constexpr std::size_t listedItems = 300;
 
-    explicit JunkModel(QObject* parent = nullptr);
-
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    using AppStateListModel::AppStateListModel;
 
     qint64 selectedCount() const { return static_cast<qint64>(m_selection.count()); }
     qint64 selectedSize() const { return m_selection.size(); }
@@ -69,8 +62,11 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void stateChanged();
     void selectionChanged();
+
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
 private:
     enum class Kind : std::uint8_t { group, rule, item, more };
@@ -80,20 +76,18 @@ private:
         std::size_t item = 0;
     };
 
-    const std::vector<JunkFinding>& junk() const { return m_state->junk(); }
+    const std::vector<JunkFinding>& junk() const { return state()->junk(); }
     const Row* rowAt(int row) const;
     const JunkFinding& findingOf(const Row& row) const { return junk()[row.finding]; }
     const JunkItem& itemOf(const Row& row) const { return findingOf(row).items[row.item]; }
     bool isExpanded(const JunkFinding& finding) const { return m_expanded.contains(finding.rule.id); }
 
-    void readJunk();
     std::vector<Row> openedRows(std::size_t finding) const;
     void ticksChanged();
     QVariant groupData(const Row& row, int role) const;
     QVariant ruleData(const Row& row, int role) const;
     QVariant itemValue(const Row& row, int role) const;
 
-    QPointer<AppState> m_state;
     std::vector<Row> m_rows;
     std::vector<qint64> m_totals; // by finding
     JunkSelection m_selection;

@@ -17,26 +17,15 @@ std::int64_t entryOf(const std::map<FileKind, std::int64_t>& totals, FileKind ki
 
 } // namespace
 
-KindTilesModel::KindTilesModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void KindTilesModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::revisionChanged, this, &KindTilesModel::readScan);
-    emit stateChanged();
-    readScan();
+void KindTilesModel::watch(AppState& state) {
+    connect(&state, &AppState::revisionChanged, this, &KindTilesModel::read);
 }
 
-void KindTilesModel::readScan() {
+void KindTilesModel::read() {
     beginResetModel();
     m_tiles.clear();
-    if (m_state && m_state->hasScan()) {
-        const ScanResult& scan = *m_state->scan();
+    if (state()->hasScan()) {
+        const ScanResult& scan = *state()->scan();
         for (const FileKind kind : allFileKinds())
             m_tiles.push_back({kind, entryOf(scan.kindTotals, kind), entryOf(scan.kindCounts, kind)});
         std::ranges::stable_sort(m_tiles, std::greater(), &Tile::size);

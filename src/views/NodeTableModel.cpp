@@ -22,7 +22,7 @@ double nowInSeconds() {
 } // namespace
 
 NodeTableModel::NodeTableModel(QObject* parent)
-    : QAbstractListModel(parent)
+    : AppStateListModel(parent)
     , m_columns(std::make_shared<NodeColumns>(nullptr, std::vector<FileNode*>()))
     , m_worker(
           [this](const RowRequest&, std::shared_ptr<const NodeRows> rows) { takeRows(std::move(rows)); }) {
@@ -31,21 +31,8 @@ NodeTableModel::NodeTableModel(QObject* parent)
 
 NodeTableModel::~NodeTableModel() = default;
 
-void NodeTableModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        follow(*m_state);
-    emit stateChanged();
-    if (m_state)
-        refresh();
-}
-
-void NodeTableModel::follow(AppState& state) {
-    connect(&state, &AppState::revisionChanged, this, &NodeTableModel::refresh);
+void NodeTableModel::watch(AppState& state) {
+    connect(&state, &AppState::revisionChanged, this, &NodeTableModel::read);
 }
 
 void NodeTableModel::listFiles(std::shared_ptr<const ScanResult> scan, const FileFilter& filter) {
@@ -171,8 +158,8 @@ QVariant NodeTableModel::data(const QModelIndex& index, int role) const {
 QVariant NodeTableModel::textData(const FileNode& node, int role) const {
     switch (role) {
     case FolderRole:
-        return node.parent != nullptr && m_state
-                   ? displayText(displayPath(node.parent->path(), m_state->homeFolder()))
+        return node.parent != nullptr && state()
+                   ? displayText(displayPath(node.parent->path(), state()->homeFolder()))
                    : QString();
     case PathRole:
         return displayText(normalisedPath(node.path()));
@@ -210,9 +197,9 @@ QVariant NodeTableModel::figureData(std::size_t position, int role) const {
 }
 
 QVariant NodeTableModel::riskData(const FileNode& node, int role) const {
-    if (!m_state)
+    if (!state())
         return {};
-    const SafetyVerdict verdict = m_state->verdict(node.path());
+    const SafetyVerdict verdict = state()->verdict(node.path());
     return role == RiskRole ? QVariant(static_cast<int>(verdict.risk))
                             : QVariant(displayText(verdict.reason));
 }

@@ -2,23 +2,19 @@
 // both. What a table shows is set by the models derived from this one. Main thread.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateListModel.h"
 #include "views/RowSelection.h"
 #include "views/RowWorker.h"
 
 #include <memory>
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 
 namespace brimlet {
 
-class NodeTableModel : public QAbstractListModel {
+class NodeTableModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Use one of the models that say what is listed")
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(int count READ count NOTIFY rowsChanged)
     Q_PROPERTY(double totalSize READ totalSize NOTIFY rowsChanged)
     Q_PROPERTY(int sortColumn READ sortColumn NOTIFY sortChanged)
@@ -61,8 +57,6 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
     int count() const { return static_cast<int>(m_rows->order.size()); }
     double totalSize() const { return static_cast<double>(m_rows->totalSize); }
     int sortColumn() const { return static_cast<int>(m_sort.column); }
@@ -92,17 +86,12 @@ public:
     std::shared_ptr<const ScanResult> scan() const { return m_columns->scan(); }
 
 signals:
-    void stateChanged();
     void rowsChanged();
     void sortChanged();
     void selectionChanged();
 
 protected:
-    /// Called when the state's tree or what a table shows of it may have changed.
-    virtual void refresh() = 0;
-
-    /// Called once for each state, to follow its signals.
-    virtual void follow(AppState& state);
+    void watch(AppState& state) override;
 
     /// Lists all files of a scan that match. The same scan as before keeps its selection.
     void listFiles(std::shared_ptr<const ScanResult> scan, const FileFilter& filter);
@@ -122,7 +111,6 @@ private:
     QVariant figureData(std::size_t position, int role) const;
     QVariant riskData(const FileNode& node, int role) const;
 
-    QPointer<AppState> m_state;
     std::shared_ptr<NodeColumns> m_columns;
     std::shared_ptr<const NodeBits> m_deleted = std::make_shared<NodeBits>();
     std::shared_ptr<const NodeRows> m_rows = std::make_shared<NodeRows>();

@@ -8,29 +8,17 @@
 
 namespace brimlet {
 
-PlanModel::PlanModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void PlanModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state) {
-        connect(m_state, &AppState::planChanged, this, &PlanModel::readPlan);
-        connect(m_state, &AppState::permanentDeleteChanged, this, &PlanModel::explanationChanged);
-    }
-    emit stateChanged();
-    emit explanationChanged();
-    readPlan();
+void PlanModel::watch(AppState& state) {
+    connect(&state, &AppState::planChanged, this, &PlanModel::read);
+    connect(&state, &AppState::permanentDeleteChanged, this, &PlanModel::explanationChanged);
 }
 
-void PlanModel::readPlan() {
-    if (!m_state || !m_state->plan())
+void PlanModel::read() {
+    emit explanationChanged();
+    if (!state()->plan())
         return;
     beginResetModel();
-    m_plan = *m_state->plan();
+    m_plan = *state()->plan();
     m_acceptedReview = false;
     buildRows();
     endResetModel();
@@ -102,13 +90,13 @@ bool PlanModel::canDelete() const {
 }
 
 void PlanModel::cancel() {
-    if (m_state)
-        m_state->setPlan(std::nullopt);
+    if (state())
+        state()->setPlan(std::nullopt);
 }
 
 void PlanModel::confirm() {
-    if (m_state && m_state->plan() && canDelete())
-        m_state->executePlan(m_plan, m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
+    if (state() && state()->plan() && canDelete())
+        state()->executePlan(m_plan, m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
 }
 
 int PlanModel::rowCount(const QModelIndex& parent) const {
@@ -157,7 +145,7 @@ QVariant PlanModel::itemValue(const PlanItem& item, int role) const {
     case reason:
         return shownText(item.verdict.reason);
     case path:
-        return shownText(displayPath(item.path, m_state ? m_state->homeFolder() : std::string()));
+        return shownText(displayPath(item.path, state() ? state()->homeFolder() : std::string()));
     case directory:
         return fileKindForName(item.name) == FileKind::other; // most junk is folders
     default:

@@ -5,21 +5,17 @@
 // items open at once.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateListModel.h"
 
 #include <array>
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <vector>
 
 namespace brimlet {
 
-class PlanModel : public QAbstractListModel {
+class PlanModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(QString title READ title NOTIFY planChanged)
     Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
     Q_PROPERTY(QString reviewConsent READ reviewConsent NOTIFY planChanged)
@@ -33,10 +29,7 @@ public:
     /// A heading has `risk`, `count` and `size`, an item all but `count`. `risk` is a Risk.
     enum Role { isHeading = Qt::UserRole, risk, count, size, name, reason, path, directory };
 
-    explicit PlanModel(QObject* parent = nullptr);
-
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    using AppStateListModel::AppStateListModel;
 
     QString title() const;
     QString explanation() const;
@@ -56,10 +49,13 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
-    void stateChanged();
     void planChanged();
     void explanationChanged();
     void acceptedReviewChanged();
+
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
 private:
     struct Section {
@@ -73,13 +69,11 @@ private:
     static constexpr std::size_t heading = static_cast<std::size_t>(-1);
 
     const Section& section(Risk wanted) const { return m_sections.at(static_cast<std::size_t>(wanted)); }
-    bool permanently() const { return m_state && m_state->permanentDelete(); }
-    void readPlan();
+    bool permanently() const { return state() && state()->permanentDelete(); }
     void buildRows();
     QVariant headingData(Risk risk, int role) const;
     QVariant itemValue(const PlanItem& item, int role) const;
 
-    QPointer<AppState> m_state;
     DeletionPlan m_plan;
     std::vector<Row> m_rows;
     std::array<Section, allRisks.size()> m_sections;

@@ -5,39 +5,26 @@
 
 namespace brimlet {
 
-ReviewModel::ReviewModel(QObject* parent)
-    : QAbstractListModel(parent) {}
-
-void ReviewModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state)
-        connect(m_state, &AppState::junkChanged, this, &ReviewModel::readJunk);
-    emit stateChanged();
-    readJunk();
+void ReviewModel::watch(AppState& state) {
+    connect(&state, &AppState::junkChanged, this, &ReviewModel::read);
 }
 
-void ReviewModel::readJunk() {
+void ReviewModel::read() {
     beginResetModel();
     m_rows.clear();
-    if (m_state) {
-        for (const JunkGroup group : allJunkGroups) {
-            Row row{group, 0, {}};
-            for (const JunkFinding& finding : m_state->junk()) {
-                if (finding.rule.group != group)
-                    continue;
-                const qint64 size = finding.total();
-                row.total += size;
-                row.findings.append(QVariant::fromValue(
-                    ReviewRule{shownText(finding.rule.id), translatedText(finding.rule.title),
-                               translatedText(finding.rule.explanation), size}));
-            }
-            if (!row.findings.isEmpty())
-                m_rows.push_back(std::move(row));
+    for (const JunkGroup group : allJunkGroups) {
+        Row row{group, 0, {}};
+        for (const JunkFinding& finding : state()->junk()) {
+            if (finding.rule.group != group)
+                continue;
+            const qint64 size = finding.total();
+            row.total += size;
+            row.findings.append(
+                QVariant::fromValue(ReviewRule{shownText(finding.rule.id), translatedText(finding.rule.title),
+                                               translatedText(finding.rule.explanation), size}));
         }
+        if (!row.findings.isEmpty())
+            m_rows.push_back(std::move(row));
     }
     endResetModel();
 }

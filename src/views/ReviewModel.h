@@ -1,11 +1,8 @@
 // The review of Quick Clean: one row for each heading that has findings, with the rules found under it.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateListModel.h"
 
-#include <QAbstractListModel>
-#include <QPointer>
-#include <QtQml/qqmlregistration.h>
 #include <QVariantList>
 #include <vector>
 
@@ -27,27 +24,23 @@ public:
     bool operator==(const ReviewRule&) const = default;
 };
 
-class ReviewModel : public QAbstractListModel {
+class ReviewModel : public brimlet::AppStateListModel { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
-
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
 
 public:
     /// `findings` holds ReviewRules, in the order of the junk list.
     enum Role { title = Qt::UserRole, symbol, total, findings };
 
-    explicit ReviewModel(QObject* parent = nullptr);
-
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    using AppStateListModel::AppStateListModel;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-signals:
-    void stateChanged();
+protected:
+    void watch(AppState& state) override;
+    void read() override;
 
 private:
     struct Row {
@@ -55,9 +48,7 @@ private:
         qint64 total = 0;
         QVariantList findings;
     };
-    void readJunk();
 
-    QPointer<AppState> m_state;
     std::vector<Row> m_rows;
 };
 

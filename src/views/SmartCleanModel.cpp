@@ -28,24 +28,16 @@ QString stepName(StepState state) {
 
 } // namespace
 
-SmartCleanModel::SmartCleanModel(QObject* parent)
-    : QObject(parent) {}
+void SmartCleanModel::watch(AppState& state) {
+    connect(&state, &AppState::smartPhaseChanged, this, &SmartCleanModel::phaseChanged);
+    connect(&state, &AppState::volumeChanged, this, &SmartCleanModel::volumeChanged);
+    connect(&state, &AppState::volumeChanged, this, &SmartCleanModel::reportChanged);
+    connect(&state, &AppState::smartSelectionChanged, this, &SmartCleanModel::selectionChanged);
+    connect(&state, &AppState::junkChanged, this, &SmartCleanModel::selectionChanged);
+    connect(&state, &AppState::lastReportChanged, this, &SmartCleanModel::reportChanged);
+}
 
-void SmartCleanModel::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state) {
-        connect(m_state, &AppState::smartPhaseChanged, this, &SmartCleanModel::phaseChanged);
-        connect(m_state, &AppState::volumeChanged, this, &SmartCleanModel::volumeChanged);
-        connect(m_state, &AppState::volumeChanged, this, &SmartCleanModel::reportChanged);
-        connect(m_state, &AppState::smartSelectionChanged, this, &SmartCleanModel::selectionChanged);
-        connect(m_state, &AppState::junkChanged, this, &SmartCleanModel::selectionChanged);
-        connect(m_state, &AppState::lastReportChanged, this, &SmartCleanModel::reportChanged);
-    }
-    emit stateChanged();
+void SmartCleanModel::read() {
     emit phaseChanged();
     emit volumeChanged();
     emit selectionChanged();
@@ -54,17 +46,17 @@ void SmartCleanModel::setState(AppState* state) {
 
 QStringList SmartCleanModel::steps() const {
     QStringList names;
-    for (const StepState step : stepStates(m_state ? m_state->smartPhase() : SmartPhase::idle))
+    for (const StepState step : stepStates(state() ? state()->smartPhase() : SmartPhase::idle))
         names.append(stepName(step));
     return names;
 }
 
 qint64 SmartCleanModel::total() const {
-    return volumeKnown() ? std::max<qint64>(0, m_state->volume()->total) : 0;
+    return volumeKnown() ? std::max<qint64>(0, state()->volume()->total) : 0;
 }
 
 qint64 SmartCleanModel::available() const {
-    return volumeKnown() ? std::max<qint64>(0, m_state->volume()->available) : 0;
+    return volumeKnown() ? std::max<qint64>(0, state()->volume()->available) : 0;
 }
 
 qint64 SmartCleanModel::used() const {
@@ -80,24 +72,24 @@ QString SmartCleanModel::freeSpaceSentence() const {
 
 QStringList SmartCleanModel::selection() const {
     QStringList ids;
-    if (m_state) {
-        for (const std::string& id : m_state->smartSelection())
+    if (state()) {
+        for (const std::string& id : state()->smartSelection())
             ids.append(shownText(id));
     }
     return ids;
 }
 
 QString SmartCleanModel::cleanedLine() const {
-    if (!m_state || !m_state->lastReport())
+    if (!state() || !state()->lastReport())
         return {};
-    const DeletionReport& report = *m_state->lastReport();
+    const DeletionReport& report = *state()->lastReport();
     return tr("%1 cleaned").arg(bytes(report.freed + report.movedToTrash));
 }
 
 QStringList SmartCleanModel::reportLines() const {
     QStringList lines;
-    if (m_state && m_state->lastReport()) {
-        const DeletionReport& report = *m_state->lastReport();
+    if (state() && state()->lastReport()) {
+        const DeletionReport& report = *state()->lastReport();
         if (report.movedToTrash >= 1)
             lines.append(tr("%1 is in the Trash until you empty it.").arg(bytes(report.movedToTrash)));
         if (!report.failures.empty())
@@ -110,18 +102,18 @@ QStringList SmartCleanModel::reportLines() const {
 }
 
 void SmartCleanModel::startScan() {
-    if (!m_state)
+    if (!state())
         return;
-    m_state->setSmartPhase(SmartPhase::scanning);
-    m_state->startSmartScan();
+    state()->setSmartPhase(SmartPhase::scanning);
+    state()->startSmartScan();
 }
 
 void SmartCleanModel::showWhatElseUsesSpace() {
-    if (!m_state)
+    if (!state())
         return;
-    m_state->setSection(AppSection::overview);
-    if (!m_state->hasScan())
-        m_state->scanWholeDisk();
+    state()->setSection(AppSection::overview);
+    if (!state()->hasScan())
+        state()->scanWholeDisk();
 }
 
 } // namespace brimlet

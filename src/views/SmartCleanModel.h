@@ -1,22 +1,18 @@
 // What the stages of Quick Clean say: steps, figures, ticks, and the report's lines.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateReader.h"
 
 #include <QList>
-#include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
-#include <QtQml/qqmlregistration.h>
 
 namespace brimlet {
 
-class SmartCleanModel : public QObject {
+class SmartCleanModel : public brimlet::AppStateReader { // spelt out for the QML tools
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* state READ state WRITE setState NOTIFY stateChanged REQUIRED)
     Q_PROPERTY(QStringList steps READ steps NOTIFY phaseChanged)
     Q_PROPERTY(bool volumeKnown READ volumeKnown NOTIFY volumeChanged)
     Q_PROPERTY(double used READ used NOTIFY volumeChanged)
@@ -28,21 +24,18 @@ class SmartCleanModel : public QObject {
     Q_PROPERTY(QStringList reportLines READ reportLines NOTIFY reportChanged)
 
 public:
-    explicit SmartCleanModel(QObject* parent = nullptr);
-
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    using AppStateReader::AppStateReader;
 
     /// "ahead", "present" or "finished" for "Scan", "Review" and "Clean".
     QStringList steps() const;
 
-    bool volumeKnown() const { return m_state && m_state->volume().has_value(); }
+    bool volumeKnown() const { return state() && state()->volume().has_value(); }
     qint64 used() const;
     qint64 total() const;
     QString freeSpaceSentence() const; ///< empty where no volume is known
 
     QStringList selection() const; ///< ids of the ticked rules
-    qint64 selectedSize() const { return m_state ? m_state->smartSelectedSize() : 0; }
+    qint64 selectedSize() const { return state() ? state()->smartSelectedSize() : 0; }
 
     QString cleanedLine() const;     ///< "1.2 GB cleaned"; empty before the first report
     QStringList reportLines() const; ///< what else the report has to say, line by line
@@ -53,16 +46,17 @@ public:
     Q_INVOKABLE void showWhatElseUsesSpace();
 
 signals:
-    void stateChanged();
     void phaseChanged();
     void volumeChanged();
     void selectionChanged();
     void reportChanged();
 
+protected:
+    void watch(AppState& state) override;
+    void read() override;
+
 private:
     qint64 available() const;
-
-    QPointer<AppState> m_state;
 };
 
 } // namespace brimlet

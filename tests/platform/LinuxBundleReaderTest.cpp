@@ -1,7 +1,9 @@
 #include "platform/linux/LinuxBundleReader.h"
 #include "platform/linux/LinuxRunningApplications.h"
+#include "platform/RecentRunningApplications.h"
 #include "safety/SafetyPolicy.h"
 #include "support/ChildProcess.h"
+#include "support/FakeBundles.h"
 #include "support/PropertyLists.h"
 #include "support/TemporaryTree.h"
 
@@ -89,6 +91,22 @@ TEST_F(LinuxBundleReaderTest, withoutProcessesNothingRuns) {
     tree.directory("proc/12");
     tree.directory("proc/self");
     EXPECT_TRUE(LinuxRunningApplications(reader, tree.path("proc")).identifiers().empty());
+}
+
+TEST(RecentRunningApplications, asksAgainOnlyWhenItsAnswerIsTooOld) {
+    using std::chrono::milliseconds;
+    test::FakeRunningApplications running;
+    running.open = {"com.example.one"};
+    RecentRunningApplications::Clock::time_point now;
+    const RecentRunningApplications recent(running, milliseconds(100), [&] { return now; });
+    EXPECT_EQ(recent.identifiers(), running.open) << "also at the clock's beginning";
+    running.open.clear();
+    now += milliseconds(100);
+    EXPECT_EQ(recent.identifiers().size(), 1U);
+    EXPECT_EQ(running.asked, 1);
+    now += milliseconds(1);
+    EXPECT_TRUE(recent.identifiers().empty());
+    EXPECT_EQ(running.asked, 2);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/BundleReader.h"
 #include "platform/RunningApplications.h"
 
+#include <atomic>
 #include <map>
 #include <string>
 #include <vector>
@@ -25,9 +26,13 @@ public:
 
 class FakeRunningApplications final : public RunningApplications {
 public:
-    std::vector<std::string> identifiers() const override { return open; }
+    std::vector<std::string> identifiers() const override {
+        ++asked;
+        return open;
+    }
 
     std::vector<std::string> open;
+    mutable std::atomic<int> asked = 0;
 };
 
 } // namespace brimlet::test

@@ -1,8 +1,8 @@
 // Removes a tree relative to an open folder.
 //
 // 1. Every call names one entry of an open folder; there is no path.
-// 2. A link is removed, never opened. What was a folder when listed and is a link when opened is removed as a
-// link.
+// 2. A link is removed, never opened. What was a folder when listed and is a link when opened is removed as
+//    a link.
 // 3. A folder on another device or mount than the tree's own is not entered, not changed, and reported.
 // 4. An error ends nothing but what it happened to: all else is removed, and the first error is given back.
 // 5. Folders of the user's own that lack permission are given it through their descriptor.
