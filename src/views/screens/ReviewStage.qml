@@ -3,7 +3,6 @@ pragma ComponentBehavior: Bound
 // What was found, with boxes; the button at the foot cleans what is ticked.
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Brimlet
 import Brimlet.App
 
