@@ -49,6 +49,8 @@ void AppState::setSectionRaw(const QString& raw) {
 }
 
 void AppState::setExplorerStack(std::vector<FileNode*> stack) {
+    if (!stack.empty() && (!m_scan || stack.front() != m_scan->root)) // of an earlier scan
+        return;
     change(m_explorerStack, std::move(stack), &AppState::explorerStackChanged);
 }
 

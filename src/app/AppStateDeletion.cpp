@@ -2,6 +2,7 @@
 #include "app/AppState.h"
 #include "safety/DeletionPlanning.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace brimlet {
@@ -91,6 +92,11 @@ void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
     if (m_scan) {
         m_scan->markDeleted(paths);
         emit scanChanged();
+        // Whoever stood in a folder that is gone stands in the nearest one that is left.
+        const auto gone =
+            std::ranges::find_if(m_explorerStack, [](const FileNode* node) { return node->deleted; });
+        if (gone != m_explorerStack.begin())
+            setExplorerStack({m_explorerStack.begin(), gone});
     }
     removeDeletedJunk(paths);
     raiseRevision();

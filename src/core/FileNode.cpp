@@ -22,4 +22,12 @@ std::string FileNode::path() const {
     return result;
 }
 
+bool isGone(const FileNode& node) {
+    for (const FileNode* at = &node; at != nullptr; at = at->parent) {
+        if (at->deleted)
+            return true;
+    }
+    return false;
+}
+
 } // namespace brimlet

@@ -41,6 +41,9 @@ struct FileNode {
     std::string path() const;
 };
 
+/// Whether a node or a folder that holds it has been deleted.
+bool isGone(const FileNode& node);
+
 static_assert(sizeof(FileNode) <= 96, "a scan of millions of folders must stay small");
 
 } // namespace brimlet

@@ -40,7 +40,7 @@ void FileListModel::read() {
 }
 
 QString FileListModel::smallFilesNote() const {
-    if (m_onlyKind < 0 || !scan() || !m_filter || m_filter->value() != FileFilter())
+    if (m_onlyKind < 0 || !isReady() || !scan() || !m_filter || m_filter->value() != FileFilter())
         return {};
     const auto counted = scan()->kindCounts.find(static_cast<FileKind>(m_onlyKind));
     if (counted == scan()->kindCounts.end() || counted->second <= count())
@@ -51,6 +51,8 @@ QString FileListModel::smallFilesNote() const {
 }
 
 void FileListModel::exportCsv() {
+    if (!isReady())
+        return;
     const std::string base =
         m_onlyKind >= 0 ? localized(look(static_cast<FileKind>(m_onlyKind)).title) : "files";
     state()->panels().chooseFileToSave(

@@ -21,7 +21,11 @@ constexpr std::size_t immediateCount = 1'000;
 void NodeActions::setState(AppState* state) {
     if (m_state == state)
         return;
+    if (m_state)
+        m_state->disconnect(this);
     m_state = state;
+    if (m_state)
+        connect(m_state, &AppState::revisionChanged, this, &NodeActions::dropEarlierScan);
     emit stateChanged();
 }
 
@@ -41,6 +45,12 @@ void NodeActions::take(std::shared_ptr<const ScanResult> scan, std::vector<FileN
     m_scan = std::move(scan);
     m_nodes = std::move(nodes);
     emit nodesChanged();
+}
+
+/// What was taken from a tree that has been replaced is no longer what the user sees.
+void NodeActions::dropEarlierScan() {
+    if (m_scan && m_scan != m_state->scan())
+        take(nullptr, {});
 }
 
 void NodeActions::takeSelected(NodeTableModel* table) {

@@ -52,6 +52,7 @@ signals:
     void nodesChanged();
 
 private:
+    void dropEarlierScan();
     FileNode* first() const { return m_state && !m_nodes.empty() ? m_nodes.front() : nullptr; }
 
     QPointer<AppState> m_state;

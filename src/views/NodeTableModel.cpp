@@ -25,7 +25,7 @@ NodeTableModel::NodeTableModel(QObject* parent)
     : AppStateListModel(parent)
     , m_columns(std::make_shared<NodeColumns>(nullptr, std::vector<FileNode*>()))
     , m_worker(
-          [this](const RowRequest&, std::shared_ptr<const NodeRows> rows) { takeRows(std::move(rows)); }) {
+          [this](const RowRequest&, std::shared_ptr<const NodeRows> rows) { showRows(std::move(rows)); }) {
     m_selection.reset(m_columns);
 }
 
@@ -68,6 +68,7 @@ void NodeTableModel::listNothing() {
 }
 
 void NodeTableModel::startList(std::shared_ptr<NodeColumns> columns) {
+    m_isReady = false;
     takeRows(std::make_shared<NodeRows>());
     m_columns = std::move(columns);
     m_selection.reset(m_columns);
@@ -75,8 +76,15 @@ void NodeTableModel::startList(std::shared_ptr<NodeColumns> columns) {
 
 void NodeTableModel::readDeleted() {
     NodeBits deleted(m_columns->count());
+    const FileNode* folder = nullptr; // the files of one folder follow each other
+    bool isFolderGone = false;
     for (std::size_t i = 0; i < m_columns->count(); ++i) {
-        if (m_columns->node(i)->deleted)
+        const FileNode& node = *m_columns->node(i);
+        if (folder != node.parent) {
+            folder = node.parent;
+            isFolderGone = folder != nullptr && isGone(*folder);
+        }
+        if (node.deleted || isFolderGone)
             deleted.set(i);
     }
     m_deleted = std::make_shared<const NodeBits>(std::move(deleted));
@@ -89,7 +97,12 @@ void NodeTableModel::requestRows() {
         return;
     }
     m_worker.drop();
-    takeRows(computeRows(request));
+    showRows(computeRows(request));
+}
+
+void NodeTableModel::showRows(std::shared_ptr<const NodeRows> rows) {
+    m_isReady = true;
+    takeRows(std::move(rows));
 }
 
 void NodeTableModel::takeRows(std::shared_ptr<const NodeRows> rows) {

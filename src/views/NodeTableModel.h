@@ -15,6 +15,7 @@ class NodeTableModel : public brimlet::AppStateListModel { // spelt out for the 
     QML_ELEMENT
     QML_UNCREATABLE("Use one of the models that say what is listed")
 
+    Q_PROPERTY(bool ready READ isReady NOTIFY rowsChanged) ///< the rows are those of the list it has now
     Q_PROPERTY(int count READ count NOTIFY rowsChanged)
     Q_PROPERTY(double totalSize READ totalSize NOTIFY rowsChanged)
     Q_PROPERTY(int sortColumn READ sortColumn NOTIFY sortChanged)
@@ -57,6 +58,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
+    bool isReady() const { return m_isReady; }
     int count() const { return static_cast<int>(m_rows->order.size()); }
     double totalSize() const { return static_cast<double>(m_rows->totalSize); }
     int sortColumn() const { return static_cast<int>(m_sort.column); }
@@ -105,6 +107,7 @@ private:
     void startList(std::shared_ptr<NodeColumns> columns);
     void readDeleted();
     void requestRows();
+    void showRows(std::shared_ptr<const NodeRows> rows);
     void takeRows(std::shared_ptr<const NodeRows> rows);
     void changeSelection();
     QVariant textData(const FileNode& node, int role) const;
@@ -114,6 +117,7 @@ private:
     std::shared_ptr<NodeColumns> m_columns;
     std::shared_ptr<const NodeBits> m_deleted = std::make_shared<NodeBits>();
     std::shared_ptr<const NodeRows> m_rows = std::make_shared<NodeRows>();
+    bool m_isReady = false;
     RowSelection m_selection;
     FileFilter m_filter;
     NodeSort m_sort;

@@ -4,6 +4,7 @@
 #include "views/NodeLook.h"
 #include "views/SunburstView.h"
 
+#include <algorithm>
 #include <cmath>
 #include <QAccessibleObject>
 #include <QCoreApplication>
@@ -23,7 +24,7 @@ QRect onScreen(const SunburstView& map, const QRectF& rect) {
 class MapElement;
 
 /// One segment, known by its place in the list; it says nothing once the list has become shorter.
-class SegmentElement final : public QAccessibleInterface {
+class SegmentElement final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     SegmentElement(MapElement& map, SunburstView& view, std::size_t index)
         : m_map(map)
@@ -68,8 +69,21 @@ public:
         state.invalid = !isValid();
         state.selectable = true;
         state.selected = isValid() && arc().node == m_view.hovered();
+        state.focusable = true;
+        state.focused = state.selected && m_view.hasActiveFocus();
         return state;
     }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& action) override {
+        if (isValid() && action == pressAction())
+            m_view.open(arc());
+    }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
     const Arc& arc() const { return m_view.arcs()[m_index]; }
@@ -112,6 +126,14 @@ public:
             m_segments.push_back(QAccessible::registerAccessibleInterface(segment));
         }
         return QAccessible::accessibleInterface(m_segments[static_cast<std::size_t>(index)]);
+    }
+
+    QAccessibleInterface* focusChild() const override {
+        const auto& arcs = m_view.arcs();
+        const auto hovered = std::ranges::find(arcs, m_view.hovered(), &Arc::node);
+        return m_view.hasActiveFocus() && hovered != arcs.end()
+                   ? child(static_cast<int>(hovered - arcs.begin()))
+                   : nullptr;
     }
 
     int indexOfChild(const QAccessibleInterface* element) const override {
@@ -158,6 +180,22 @@ QAccessibleInterface* SegmentElement::parent() const {
 QAccessibleInterface* sunburstAccessible(const QString&, QObject* object) {
     auto* map = qobject_cast<SunburstView*>(object);
     return map != nullptr ? new MapElement(*map) : nullptr;
+}
+
+void announceFocus(SunburstView& map, int segment) {
+    if (!QAccessible::isActive())
+        return;
+    if (QAccessibleInterface* element = QAccessible::queryAccessibleInterface(&map)) {
+        QAccessibleEvent event(element->child(segment), QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void announceSegments(SunburstView& map) {
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(&map, QAccessible::ObjectReorder);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace brimlet

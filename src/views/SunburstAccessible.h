@@ -7,8 +7,16 @@ class QString;
 
 namespace brimlet {
 
+class SunburstView;
+
 /// Makes the map's element; to be installed as a factory once, before the first window. Null for other
 /// classes.
 QAccessibleInterface* sunburstAccessible(const QString& className, QObject* object);
+
+/// Tells assistive tools, where any listen, that a segment has come under the keys.
+void announceFocus(SunburstView& map, int segment);
+
+/// Tells them that the map has other segments now.
+void announceSegments(SunburstView& map);
 
 } // namespace brimlet

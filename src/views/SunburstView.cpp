@@ -2,6 +2,7 @@
 
 #include "app/Formats.h"
 #include "views/NodeLook.h"
+#include "views/SunburstAccessible.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,6 +56,7 @@ void SunburstView::readTree() {
     if (previousRoot != m_root && previousScan == m_scan && m_zoomDuration > 0)
         startZoom(lensFrom(previousRoot, previousArcs));
     emit focusChanged();
+    announceSegments(*this);
     redraw();
 }
 
@@ -101,6 +103,8 @@ void SunburstView::hover(const Arc* arc) {
         return;
     m_hovered = node;
     emit focusChanged();
+    if (arc != nullptr && hasActiveFocus())
+        announceFocus(*this, static_cast<int>(arc - m_arcs.data()));
     redraw();
 }
 
@@ -159,28 +163,49 @@ void SunburstView::hoverEnterEvent(QHoverEvent* event) {
     hoverMoveEvent(event);
 }
 
+/// Comes with every new picture too; the keys' place must not be taken by a pointer that rests.
 void SunburstView::hoverMoveEvent(QHoverEvent* event) {
-    hover(geometry().hit(m_arcs, event->position().x(), event->position().y()));
+    if (std::exchange(m_pointer, event->position()) != event->position())
+        hover(arcAt(event->position()));
 }
 
 void SunburstView::hoverLeaveEvent(QHoverEvent*) {
+    m_pointer.reset();
     hover(nullptr);
+}
+
+const Arc* SunburstView::arcAt(const QPointF& position) const {
+    return geometry().hit(m_arcs, position.x(), position.y());
+}
+
+/// What lies under the pointer, unless the picture is on its way to another folder.
+SunburstView::Target SunburstView::targetAt(const QPointF& position) const {
+    if (m_zoom.state() == QAbstractAnimation::Running || !contains(position))
+        return {};
+    const Arc* arc = arcAt(position);
+    return {arc != nullptr ? arc->node : nullptr, geometry().isInCentre(position.x(), position.y())};
 }
 
 void SunburstView::mousePressEvent(QMouseEvent* event) {
     forceActiveFocus(Qt::MouseFocusReason);
+    m_pressed = targetAt(event->position());
+    event->accept();
+}
+
+/// A second press within a double click opens nothing more.
+void SunburstView::mouseDoubleClickEvent(QMouseEvent* event) {
+    m_pressed = {};
     event->accept();
 }
 
 void SunburstView::mouseReleaseEvent(QMouseEvent* event) {
-    if (!contains(event->position()))
+    const Target target = targetAt(event->position());
+    if (target != std::exchange(m_pressed, {}))
         return;
-    if (geometry().isInCentre(event->position().x(), event->position().y())) {
+    if (target.isCentre)
         emit upWanted();
-        return;
-    }
-    if (const Arc* arc = geometry().hit(m_arcs, event->position().x(), event->position().y()))
-        open(*arc);
+    else if (target.node != nullptr)
+        open(*arcAt(event->position()));
 }
 
 void SunburstView::focusInEvent(QFocusEvent* event) {

@@ -5,6 +5,7 @@
 #include "app/AppState.h"
 #include "views/SunburstRaster.h"
 
+#include <optional>
 #include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -69,12 +70,22 @@ protected:
     void hoverMoveEvent(QHoverEvent* event) override;
     void hoverLeaveEvent(QHoverEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    /// What a click is about.
+    struct Target {
+        FileNode* node = nullptr;
+        bool isCentre = false;
+        bool operator==(const Target&) const = default;
+    };
+
     void readTree();
+    const Arc* arcAt(const QPointF& position) const;
+    Target targetAt(const QPointF& position) const;
     SunburstLens lensFrom(const FileNode* previousRoot, const std::vector<Arc>& previousArcs) const;
     void startZoom(const SunburstLens& from);
     const Arc* hoveredArc() const;
@@ -87,6 +98,8 @@ private:
     std::shared_ptr<const ScanResult> m_scan; ///< keeps the nodes
     FileNode* m_root = nullptr;
     FileNode* m_hovered = nullptr;
+    std::optional<QPointF> m_pointer; ///< where it last was, while over the map
+    Target m_pressed;
     std::vector<Arc> m_arcs;
     QVariantAnimation m_zoom;
     SunburstLens m_zoomStart;

@@ -90,6 +90,7 @@ QtObject {
     readonly property int ruleRowHeight: scaled(72)
     readonly property int iconSmall: scaled(14)
     readonly property int iconSize: scaled(16)
+    readonly property int fileIcon: scaled(20)
     readonly property int iconLarge: scaled(24)
     readonly property int iconHuge: scaled(40)
     readonly property int medallion: scaled(88)

@@ -95,6 +95,32 @@ TEST_F(FileScreens, rowsAreSelectedByKeyboard) {
     EXPECT_TRUE(driver().awaitGone("1 selected · 500 MB"));
 }
 
+TEST_F(FileScreens, cellsExplainThemselvesUnderThePointer) {
+    const QPoint row = centreOf("c.mov, 3 GB");
+    const QPoint name(row.x() - driver().await("c.mov, 3 GB")->width() / 2 + 100, row.y());
+    QTest::mouseMove(&m_window->window(), name - QPoint(0, 1));
+    QTest::mouseMove(&m_window->window(), name);
+    EXPECT_TRUE(driver().await("/Users/sam/Movies/c.mov"));
+}
+
+TEST_F(FileScreens, aMenuLeftOpenDoesNotActOnATreeThatIsGone) {
+    click("c.mov, 3 GB", {}, Qt::RightButton);
+    EXPECT_TRUE(driver().await("Copy Path", QAccessible::MenuItem));
+    test::SyntheticTree tree("/Users/sam");
+    tree.file(tree.directory(tree.root(), "Movies"), "new.mov", 1'000'000'000);
+    finishScan(tree.finish());
+    EXPECT_TRUE(driver().awaitGone("Copy Path"));
+    EXPECT_TRUE(driver().await("new.mov, 1 GB"));
+}
+
+TEST_F(FileScreens, whatLayInADeletedFolderLeavesWithIt) {
+    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    state().removeDeleted({"/Users/sam/Movies"});
+    EXPECT_TRUE(driver().awaitGone("c.mov, 3 GB"));
+    EXPECT_TRUE(driver().shows("notes.txt, 100 MB"));
+    EXPECT_EQ(state().explorerStack(), std::vector<FileNode*>{state().scan()->root});
+}
+
 TEST_F(FileScreens, theMenuActsOnTheSelection) {
     click("c.mov, 3 GB");
     click("b.mov, 2 GB", Qt::ShiftModifier);
@@ -234,6 +260,28 @@ TEST_F(MapScreen, isWalkedByKeyboard) {
     EXPECT_EQ(state().explorerStack().size(), 1U);
 }
 
+TEST_F(MapScreen, aPointerThatRestsDoesNotTakeTheKeysPlace) {
+    ASSERT_NE(m_map, nullptr);
+    FileNode* movies = node("/Users/sam/Movies");
+    QTest::mouseMove(&m_window->window(), pointIn(movies));
+    EXPECT_TRUE(driver().await("91%"));
+    m_map->forceActiveFocus(Qt::TabFocusReason);
+    driver().key(Qt::Key_Up);
+    QTest::mouseMove(&m_window->window(), pointIn(movies)); // as each new picture brings it about
+    test::handleEvents();
+    EXPECT_EQ(m_map->hovered(), node("/Users/sam/Movies/c.mov"));
+}
+
+TEST_F(MapScreen, onlyAClickOnOneSegmentOpensIt) {
+    ASSERT_NE(m_map, nullptr);
+    FileNode* movies = node("/Users/sam/Movies");
+    QTest::mousePress(&m_window->window(), Qt::LeftButton, {}, pointIn(node("/Users/sam/notes.txt")));
+    QTest::mouseRelease(&m_window->window(), Qt::LeftButton, {}, pointIn(movies));
+    EXPECT_EQ(state().explorerStack().size(), 1U) << "pressed elsewhere";
+    QTest::mouseDClick(&m_window->window(), Qt::LeftButton, {}, pointIn(movies));
+    EXPECT_EQ(state().explorerStack().size(), 2U) << "what lies there afterwards is not meant";
+}
+
 TEST_F(MapScreen, namesEverySegmentForAssistiveTools) {
     ASSERT_NE(m_map, nullptr);
     QAccessibleInterface* map = QAccessible::queryAccessibleInterface(m_map);
@@ -244,6 +292,12 @@ TEST_F(MapScreen, namesEverySegmentForAssistiveTools) {
     EXPECT_TRUE(map->child(0)->rect().intersects(map->rect()));
     EXPECT_EQ(map->child(2)->text(QAccessible::Name), "b.mov, 2 GB, 30%");
     EXPECT_EQ(map->indexOfChild(map->child(2)), 2);
+    m_map->forceActiveFocus(Qt::TabFocusReason);
+    driver().key(Qt::Key_Up);
+    EXPECT_EQ(map->focusChild(), map->child(1));
+    EXPECT_TRUE(map->child(1)->state().focused);
+    map->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(state().explorerStack().back(), node("/Users/sam/Movies"));
 }
 
 } // namespace

@@ -52,7 +52,7 @@ ColumnLayout {
             anchors.fill: parent
             message: qsTr("No file matches these filters.")
             symbol: "magnifyingglass"
-            visible: view.table.count === 0
+            visible: view.table.ready && view.table.count === 0
         }
     }
     SelectionBar {

@@ -17,7 +17,7 @@ RowLayout {
     FileIcon {
         directory: cell.directory
         path: cell.path
-        size: cell.folder === "" ? Theme.iconLarge - Theme.spaceXs : Theme.iconLarge + Theme.spaceXs
+        size: Theme.fileIcon
     }
     ColumnLayout {
         spacing: 0

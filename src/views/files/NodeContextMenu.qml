@@ -7,6 +7,12 @@ AppMenu {
 
     required property NodeActions actions
     property QuickPreview preview: null
+    readonly property int nodeCount: actions.count
+
+    onNodeCountChanged: {
+        if (nodeCount === 0)
+            close();
+    }
 
     AppMenuItem {
         enabled: visible

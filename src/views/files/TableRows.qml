@@ -49,6 +49,19 @@ FocusScope {
             y: position
         }
     }
+    // Around the rows, not over them: a row's own handlers show what its cells have to say.
+    HoverHandler {
+        id: over
+
+        onHoveredChanged: {
+            if (!hovered)
+                view.hoveredRow = -1;
+        }
+        onPointChanged: {
+            if (hovered)
+                view.hoveredRow = visibleRows.rowAt(point.position.y);
+        }
+    }
     MouseArea {
         id: mouse
 
@@ -56,24 +69,22 @@ FocusScope {
 
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         anchors.fill: parent
-        hoverEnabled: true
 
         onPressed: event => {
             view.forceActiveFocus(Qt.MouseFocusReason);
             pressedRow = visibleRows.rowAt(event.y);
-            if (event.button === Qt.RightButton) {
-                if (pressedRow >= 0 && !view.table.isSelected(pressedRow))
+            if (pressedRow < 0) {
+                view.table.clearSelection();
+            } else if (event.button === Qt.RightButton) {
+                if (!view.table.isSelected(pressedRow))
                     view.table.click(pressedRow, 0);
                 view.menuWanted(event.x, event.y);
-            } else if (pressedRow < 0) {
-                view.table.clearSelection();
             } else {
                 view.table.click(pressedRow, event.modifiers);
             }
         }
         onPositionChanged: event => {
             const row = visibleRows.rowAt(event.y);
-            view.hoveredRow = row;
             if (!(pressedButtons & Qt.LeftButton) || pressedRow < 0)
                 return;
             // Beyond an end the list scrolls along.
@@ -85,7 +96,6 @@ FocusScope {
             if (event.button === Qt.LeftButton && pressedRow >= 0)
                 view.activated(view.table.firstSelectedRow());
         }
-        onExited: view.hoveredRow = -1
         onWheel: event => {
             view.scrollTo(visibleRows.offset - (event.pixelDelta.y !== 0 ? event.pixelDelta.y : event.angleDelta.y));
             view.hoveredRow = visibleRows.rowAt(event.y);

@@ -39,7 +39,7 @@ RowLayout {
         ColumnLayout {
             anchors.centerIn: parent
             spacing: Theme.spaceXs / 2
-            width: 2 * map.ringWidth - 2 * Theme.spaceL
+            width: 2.1 * map.ringWidth
 
             AppText {
                 Layout.fillWidth: true
