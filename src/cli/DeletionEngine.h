@@ -27,6 +27,7 @@ public:
     LinuxBundleReader bundles;
     LinuxRunningApplications running;
     SafetyPolicy policy;
+    PathJudge judge;
     LinuxFileRemoval removal;
 };
 
@@ -41,7 +42,8 @@ public:
     DeletionHistory history;
 };
 
-/// A relative path counts from the working folder; nothing else about a path is changed.
-std::string absoluteAsGiven(const std::string& path);
+/// A relative path counts from the working folder, and slashes at the end go, which shells add; nothing else
+/// about a path is changed.
+std::string absoluteAsGiven(std::string path);
 
 } // namespace brimlet

@@ -153,10 +153,12 @@ ExitStatus remove(RemoveOptions options) {
         return fail("Nothing was deleted.");
     DeletionEngine engine(assessor);
     ExecutedRun run = engine.executor.execute(requests);
-    if (!engine.history.record(run))
+    const bool isRecorded = engine.history.record(run);
+    if (!isRecorded)
         fail("The history could not be written. It is completed at the next start.");
     printReport(run.report, options);
-    return statusOf(plan, run.report);
+    const ExitStatus status = statusOf(plan, run.report);
+    return status == ExitStatus::done && !isRecorded ? ExitStatus::partly : status;
 }
 
 } // namespace

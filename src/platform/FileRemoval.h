@@ -6,7 +6,8 @@
 // 2. No symbolic link is followed below a pinned entry, and no mount point is crossed: a link goes as a link,
 //    a folder with another disk mounted in it is reported.
 // 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it;
-//    what could not be removed afterwards returns to its place and is reported.
+//    what could not be removed afterwards returns to its place, or beside it under a free name where that
+//    has been taken meanwhile, and is reported.
 // 4. Nothing is ever overwritten: every rename that gives something a name is exclusive.
 // 5. What is moved to another device is copied completely and synced before its original leaves its place,
 //    and nothing that is not in the copy is removed from the original.
@@ -60,13 +61,14 @@ public:
     virtual ~FileRemoval() = default;
 
     /// Opens the folder that contains an entry. A relative path, one with "." or ".." in it or with a NUL
-    /// byte is refused.
+    /// byte is refused, and so is scratch of a move that is under way and what lies in it.
     virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path) = 0;
 
     /// Removes a file or a folder with all that is in it. On an error what is left is in its place.
     virtual Failure remove(const PinnedEntry& entry, const BeforeMove& before) = 0;
 
-    /// Moves an entry into the user's Trash under its name or, when that is taken, under a free one.
+    /// Moves an entry into the user's Trash under its name or, when that is taken, under a free one. What
+    /// lies there already is refused.
     virtual Result<TrashArrival> moveToTrash(const PinnedEntry& entry, const BeforeMove& before) = 0;
 
     /// Moves what lies directly in the user's Trash to `originalPath`, whose missing parents are made. Fails
@@ -77,12 +79,13 @@ public:
     /// The identity of what is at a path, or nothing when its folder is there and holds no such entry.
     virtual Result<std::optional<FileIdentity>> identity(std::string_view path) = 0;
 
-    /// Removes scratch that an interrupted move left. Only what bears a scratch name is touched; gone already
-    /// counts as done.
+    /// Removes scratch that an interrupted move left. Only what bears a scratch name is touched. Gone already
+    /// counts as done where its folder is there to tell.
     virtual Failure removeScratch(std::string_view path) = 0;
 
-    /// Gives an original that an interrupted move left set aside its name back, unless that is taken. Only
-    /// what bears a scratch name is touched; gone already counts as done.
+    /// Gives an original that an interrupted move left set aside its name back, or a free one like it where
+    /// that is taken, in the folder where it lies. Only what bears a scratch name is touched. Gone already
+    /// counts as done where its folder is there to tell.
     virtual Failure returnToPlace(std::string_view setAside, std::string_view originalPath) = 0;
 };
 

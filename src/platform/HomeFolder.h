@@ -9,4 +9,7 @@ namespace brimlet {
 /// does.
 std::string homeFolder();
 
+/// A folder's path with every link in it resolved; the path itself where that can't be told.
+std::string pathWithoutLinks(const std::string& folder);
+
 } // namespace brimlet

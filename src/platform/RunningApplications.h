@@ -10,8 +10,8 @@ class RunningApplications {
 public:
     virtual ~RunningApplications() = default;
 
-    /// The bundle identifiers of all applications now running, looked up afresh at each call. Applications
-    /// without one are left out. Any thread.
+    /// The bundle identifiers of all applications now running. Applications without one are left out. Any
+    /// thread.
     virtual std::vector<std::string> identifiers() const = 0;
 };
 

@@ -102,6 +102,7 @@ Failure DeletionExecutor::perform(const DeletionRequest& request, const PinnedEn
         };
         if (auto failure = m_removal.remove(pinned, note))
             return failure;
+        run.journal->removalDone(entry.id);
         run.report.freed += request.size;
     }
     run.entries.push_back(std::move(entry));

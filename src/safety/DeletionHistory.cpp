@@ -34,7 +34,7 @@ std::string damagedName(int attempt) {
 
 /// Whether the same call may succeed a moment later, so that nothing is wrong with the file.
 bool isPassing(const PlatformError& error) {
-    const auto codes = {EMFILE, ENFILE, ENOMEM, EINTR, EAGAIN};
+    const auto codes = {EMFILE, ENFILE, ENOMEM, EINTR, EAGAIN, EIO, ESTALE, ETIMEDOUT, ENXIO, ENODEV};
     return std::any_of(codes.begin(), codes.end(), [&](int code) { return error == errorFromErrno(code); });
 }
 
@@ -155,8 +155,21 @@ bool DeletionHistory::isThere(const std::string& path) const {
     return found != nullptr && found->has_value();
 }
 
+/// Whether what lies at the entry's place in the Trash can be what it put there: no later entry has used the
+/// name again or taken it away.
+bool DeletionHistory::holdsItsPlace(const HistoryEntry& entry) const {
+    for (const HistoryEntry& later : m_entries) { // newest first
+        if (later.id == entry.id)
+            break;
+        if (later.trashPath == entry.trashPath || (!later.restored && later.originalPath == entry.trashPath))
+            return false;
+    }
+    return true;
+}
+
 bool DeletionHistory::canRestore(const HistoryEntry& entry) const {
-    return !entry.restored && entry.trashPath && isThere(*entry.trashPath) && !isThere(entry.originalPath);
+    return !entry.restored && entry.trashPath && holdsItsPlace(entry) && isThere(*entry.trashPath) &&
+           !isThere(entry.originalPath);
 }
 
 Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
@@ -164,7 +177,7 @@ Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
         return refusal("It has been restored already.");
     if (!entry.trashPath)
         return refusal("It was deleted permanently.");
-    if (!isThere(*entry.trashPath))
+    if (!holdsItsPlace(entry) || !isThere(*entry.trashPath))
         return refusal("It is no longer in the Trash.");
     if (isThere(entry.originalPath))
         return refusal("Something else is in its place now.");
@@ -174,7 +187,7 @@ Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
 void DeletionHistory::recover() {
     JournalRecovery recovery(m_store, m_removal);
     const RecoveredEntries found = recovery.complete();
-    if (found.isEmpty())
+    if (found.count() == 0)
         return;
     UuidSet known = identifiersOf(m_entries);
     std::vector<HistoryEntry> missing;

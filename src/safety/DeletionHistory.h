@@ -76,6 +76,7 @@ private:
     File readFile();
     bool keepDamagedFile();
     void recover();
+    bool holdsItsPlace(const HistoryEntry& entry) const;
     bool isThere(const std::string& path) const;
     void markRestored(const Uuid& id);
     void applyRestored(std::vector<HistoryEntry>& entries) const;

@@ -4,11 +4,18 @@
 #include "safety/Risk.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace brimlet {
 
 /// Gives the verdict on an absolute path. Asked from any thread; never fails.
 using PathJudge = std::function<SafetyVerdict(std::string_view path)>;
+
+class SafetyPolicy;
+
+/// A judge for a home folder that has two paths: as it is called, which the policy knows, and without links.
+/// A path below the second is judged by both, and the stricter verdict counts. The policy must outlive it.
+PathJudge judgeByBothHomes(const SafetyPolicy& policy, std::string homeFolder, std::string realHomeFolder);
 
 } // namespace brimlet

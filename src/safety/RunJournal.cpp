@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <iterator>
 #include <map>
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr std::string_view prefix = "run-";
 constexpr std::string_view suffix = ".journal";
+constexpr const char* recordedKey = "recorded";
 constexpr std::array<std::string_view, 3> kindNames = {"remove", "trash", "restore"};
 
 std::optional<std::string> textMember(const Json& object, const char* key) {
@@ -46,6 +48,12 @@ std::optional<Intent> intentFromLine(std::string_view line) {
     return intent;
 }
 
+std::optional<Uuid> recordedIn(std::string_view line) {
+    const auto object = readJson(line);
+    const auto text = object && object->is_object() ? textMember(*object, recordedKey) : std::nullopt;
+    return text ? Uuid::fromText(*text) : std::nullopt;
+}
+
 } // namespace
 
 bool isJournalName(std::string_view name) {
@@ -65,15 +73,26 @@ std::string intentText(const Intent& intent) {
     return "\n" + writeJson(object) + "\n";
 }
 
+std::string recordedText(const Uuid& entry) {
+    Json object = Json::object();
+    object[recordedKey] = entry.text();
+    return "\n" + writeJson(object) + "\n";
+}
+
 std::vector<Intent> intentsFromText(std::string_view text) {
     std::vector<Intent> intents;
     std::map<Uuid, std::size_t> places;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        auto intent = intentFromLine(text.substr(0, end));
+        const std::string_view line = text.substr(0, end);
+        auto intent = intentFromLine(line);
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (!intent)
+        if (!intent) {
+            const std::optional<Uuid> recorded = recordedIn(line);
+            if (recorded && places.contains(*recorded))
+                intents[places.at(*recorded)].isRecorded = true;
             continue;
+        }
         const auto [place, isNew] = places.emplace(intent->entry.id, intents.size());
         if (isNew) {
             intents.push_back(std::move(*intent));
@@ -101,21 +120,28 @@ Failure RunJournal::note(const Intent& intent) {
             return *error;
         m_log = valueOf(std::move(log));
     }
-    m_scratch.insert(m_scratch.end(), intent.move.scratch.begin(), intent.move.scratch.end());
+    for (const std::string& path : intent.move.scratch)
+        m_scratch.push_back({path, intent.entry.id});
     if (!intent.move.setAside.empty())
-        m_scratch.push_back(intent.move.setAside);
+        m_scratch.push_back({intent.move.setAside, intent.entry.id});
     const bool mayOnlyDie = intent.kind == IntentKind::remove && intent.move.scratch.empty();
     return m_log->append(intentText(intent),
                          mayOnlyDie ? Durability::survivesCrash : Durability::survivesPowerCut);
 }
 
+void RunJournal::removalDone(const Uuid& entry) {
+    for (auto last = m_scratch.rbegin(); last != m_scratch.rend() && last->entry == entry; ++last)
+        last->isDone = true;
+}
+
 void RunJournal::settle(FileRemoval& removal) {
     if (!m_log)
         return;
-    const bool clean = std::all_of(m_scratch.begin(), m_scratch.end(), [&](const std::string& path) {
-        const auto identity = removal.identity(path);
-        const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
-        return found != nullptr && !*found;
+    const bool clean = std::all_of(m_scratch.begin(), m_scratch.end(), [&](const Scratch& scratch) {
+        const auto identity = removal.identity(scratch.path);
+        if (const PlatformError* error = errorIn(identity))
+            return scratch.isDone && *error == errorFromErrno(ENOENT);
+        return !*std::get_if<std::optional<FileIdentity>>(&identity);
     });
     if (clean)
         (void)m_store.remove(m_name);

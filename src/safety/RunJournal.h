@@ -25,6 +25,7 @@ struct Intent {
     IntentKind kind = IntentKind::trash;
     HistoryEntry entry; ///< as it will stand in the history when the move is done
     PlannedMove move;
+    bool isRecorded = false; ///< the history has taken the entry over; only the tidying is left
 };
 
 class RunJournal {
@@ -36,6 +37,9 @@ public:
     /// only survive the process, unless it makes scratch.
     Failure note(const Intent& intent);
 
+    /// Says that a noted removal is over: its scratch may go together with the folder that held it.
+    void removalDone(const Uuid& entry);
+
     /// Ends the journal, once the history holds what came of its intents. It stays when scratch is left on
     /// the disk.
     void settle(FileRemoval& removal);
@@ -44,7 +48,13 @@ private:
     RecordStore& m_store;
     std::string m_name;
     std::unique_ptr<RecordLog> m_log; ///< made at the first note
-    std::vector<std::string> m_scratch;
+    struct Scratch {
+        std::string path;
+        Uuid entry; ///< whose move has made it
+        bool isDone = false;
+    };
+
+    std::vector<Scratch> m_scratch;
 };
 
 /// Whether a file of the store is a journal.
@@ -54,6 +64,9 @@ bool isJournalName(std::string_view name);
 /// off was never acted on and is passed over. Scratch of intents that were replaced is kept in those that
 /// replaced them.
 std::vector<Intent> intentsFromText(std::string_view text);
+
+/// A line that says that the history has taken an entry over.
+std::string recordedText(const Uuid& entry);
 
 /// One line, with a line feed on both sides so that a cut-off one before it does no harm.
 std::string intentText(const Intent& intent);

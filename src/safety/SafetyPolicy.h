@@ -1,7 +1,7 @@
 // The one judge of every path that may ever be deleted.
 //
 // A pure decision procedure over constant tables: it changes nothing and never fails. Immutable after
-// construction; callable from any thread. The list of running applications is read afresh at each call that
+// construction; callable from any thread. The list of running applications is asked for at each call that
 // needs it.
 #pragma once
 

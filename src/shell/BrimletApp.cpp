@@ -3,6 +3,7 @@
 #include "app/Translation.h"
 #include "core/TextFold.h"
 #include "junk/JunkCatalogue.h"
+#include "platform/HomeFolder.h"
 #include "views/LocaleFold.h"
 
 namespace brimlet {
@@ -21,7 +22,8 @@ BrimletApp::BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedC
     , m_junkFinder(m_homeFolder, m_lister, m_accessProbe)
     , m_removal(m_homeFolder, m_calls)
     , m_records(historyFolder(m_homeFolder), m_calls)
-    , m_executor(m_removal, m_records, [this](std::string_view path) { return m_policy.verdict(path); })
+    , m_executor(m_removal, m_records,
+                 judgeByBothHomes(m_policy, m_homeFolder, pathWithoutLinks(m_homeFolder)))
     , m_history(m_records, m_removal) {
     connectTranslations();
     setTextFold(foldForLocale);

@@ -54,7 +54,7 @@ TEST_F(RemoveCommandTest, dryRunShowsThePlanByRiskAndChangesNothing) {
 
 TEST_F(RemoveCommandTest, dryRunJsonIsThePlanWithoutNestedItems) {
     const std::string folder = home.path("Documents");
-    const Json plan = runJson({"remove", "--dry-run", "--json", folder, review, safe});
+    const Json plan = runJson({"remove", "--dry-run", "--json", folder + "/", review, safe});
     ASSERT_EQ(plan.at("items").size(), 2U);
     const Json& first = plan.at("items")[0];
     EXPECT_EQ(bytesOf(first.at("path")), folder);

@@ -205,6 +205,18 @@ TEST(Journal, aLiveRunIsLeftAlone) {
     EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(), run.entries);
 }
 
+TEST(Journal, endsWhenItsFoldersAreGoneToo) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/a/b/file", "text");
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("a/b"), Removal::permanent),
+                                DeletionStage::request(stage.home("a"), Removal::permanent)});
+    EXPECT_EQ(run.entries.size(), 2U);
+    EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).record(run));
+    for (const std::string& name : valueOf(stage.store.names()))
+        EXPECT_FALSE(isJournalName(name)) << name;
+}
+
 TEST(Journal, aLineWithAnythingAmissIsPassedOver) {
     const Intent intent{IntentKind::trash, entryNamed("/a"), {"/b", "1-1.1", {"/c"}, "/d"}};
     const Json whole = *readJson(intentText(intent));

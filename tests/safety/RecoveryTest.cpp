@@ -1,5 +1,7 @@
 // What the history does when its own folder, or the disk of an item, refuses it.
 
+#include "platform/linux/ScratchName.h"
+#include "safety/HistoryFormat.h"
 #include "safety/JournalRecovery.h"
 #include "support/DeletionStage.h"
 
@@ -106,6 +108,7 @@ bool hasJournal(DeletionStage& stage) {
 
 HistoryEntry entryOf(const std::string& path, std::optional<std::string> trashPath = {}) {
     HistoryEntry entry;
+    entry.date = historyDateNow();
     entry.originalPath = path;
     entry.trashPath = std::move(trashPath);
     return entry;
@@ -142,7 +145,7 @@ TEST(JournalRecovery, claimsNothingWhoseWhereaboutsAreUnknown) {
                             intentText({IntentKind::remove, entryOf("/b"), {}}) +
                             intentText({IntentKind::restore, entryOf("/c", "/u"), {"/c", "1-1.1", {}, {}}}));
     NotedRemoval removal;
-    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
     EXPECT_TRUE(hasJournal(stage)) << "the next start may learn more";
     const RecoveredEntries later = JournalRecovery(stage.store, stage.removal).complete();
     ASSERT_EQ(later.deleted.size(), 1U);
@@ -159,12 +162,12 @@ TEST(JournalRecovery, aJournalStaysUntilAllItsScratchIsGone) {
     for (const char* stuck : {"/1", "/2", "/3"}) {
         removal.stuck = stuck;
         removal.asked.clear();
-        EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+        EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
         EXPECT_EQ(removal.asked, all) << "one that stays keeps no other from going";
         EXPECT_TRUE(hasJournal(stage));
     }
     removal.stuck.clear();
-    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
     EXPECT_FALSE(hasJournal(stage));
 }
 
@@ -174,8 +177,55 @@ TEST(JournalRecovery, whatWasSetAsideReturnsToWhereItCameFrom) {
                  intentText({IntentKind::trash, entryOf("/a", "/t/a"), {{}, {}, {}, "/aside a"}}) +
                      intentText({IntentKind::restore, entryOf("/b", "/t/b"), {{}, {}, {}, "/aside b"}}));
     NotedRemoval removal;
-    EXPECT_TRUE(JournalRecovery(stage.store, removal).complete().isEmpty());
+    EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
     EXPECT_EQ(removal.asked, (std::vector<std::string>{"/aside a to /a", "/aside b to /t/b"}));
+}
+
+TEST(JournalRecovery, anEntryIsGivenOnceAndNoAnswerIsNotAwaitedForEver) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/.Trash/t", "text");
+    const FileIdentity identity = *valueOf(stage.removal.identity(stage.trash("t")));
+    const HistoryEntry arrived = entryOf(stage.home("t"), stage.trash("t"));
+    HistoryEntry unknown = entryOf(stage.home("gone/c"));
+    leaveJournal(stage, intentText({IntentKind::trash, arrived, {stage.trash("t"), identity, {}, {}}}) +
+                            intentText({IntentKind::remove, unknown, {}}));
+    DeletionHistory first(stage.store, stage.removal);
+    EXPECT_EQ(first.entries(), std::vector<HistoryEntry>{arrived});
+    EXPECT_TRUE(first.clear());
+    EXPECT_TRUE(hasJournal(stage)) << "the folder may come back with its disk";
+    EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).entries().empty()) << "what was cleared stays so";
+    unknown.date -= 31.0 * 24 * 3600;
+    leaveJournal(stage, intentText({IntentKind::remove, unknown, {}}));
+    EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).entries().empty());
+    EXPECT_FALSE(hasJournal(stage));
+}
+
+TEST(JournalRecovery, aRemovedFolderWhoseNameIsTakenAgainHasItsEntry) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/app/new", "text");
+    const std::string scratch = stage.home(scratchName());
+    std::filesystem::create_directory(scratch);
+    const HistoryEntry removed = entryOf(stage.home("app"));
+    leaveJournal(stage, intentText({IntentKind::remove, removed, {{}, "1-1.1", {scratch}, {}}}));
+    EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(), std::vector<HistoryEntry>{removed});
+    EXPECT_TRUE(stage.tree.exists("home/app/new"));
+    EXPECT_FALSE(stage.hasScratch());
+}
+
+TEST(JournalRecovery, anOriginalSetAsideWaitsForItsDisk) {
+    DeletionStage stage;
+    stage.tree.directory("home/.Trash");
+    const std::string aside = scratchName();
+    leaveJournal(stage, intentText({IntentKind::trash,
+                                    entryOf(stage.home("disk/item"), stage.trash("item")),
+                                    {stage.trash("item"), "1-1.1", {}, stage.home("disk/" + aside)}}));
+    (void)DeletionHistory(stage.store, stage.removal);
+    EXPECT_TRUE(hasJournal(stage));
+    stage.tree.fileWithText("home/disk/" + aside + "/file", "text");
+    stage.tree.fileWithText("home/disk/item", "another");
+    (void)DeletionHistory(stage.store, stage.removal);
+    EXPECT_TRUE(stage.tree.exists("home/disk/item 2/file")) << "beside what has its name now";
+    EXPECT_FALSE(hasJournal(stage));
 }
 
 TEST(History, aDamagedFileThatCannotBeKeptIsNotOverwritten) {
@@ -245,6 +295,22 @@ TEST(History, offersToRestoreOnlyWhatCanComeBack) {
     EXPECT_TRUE(history.canRestore(ready));
     EXPECT_FALSE(history.restoreIfPossible(ready));
     EXPECT_TRUE(stage.tree.exists("home/ready"));
+}
+
+TEST(History, aTrashNameThatWasUsedAgainRestoresTheLaterItem) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/one/a", "one");
+    stage.tree.fileWithText("home/two/a", "two");
+    const HistoryEntry first = stage.run(stage.home("one/a"), Removal::trash).entries.front();
+    stage.run(stage.trash("a"), Removal::permanent);
+    const HistoryEntry second = stage.run(stage.home("two/a"), Removal::trash).entries.front();
+    ASSERT_EQ(first.trashPath, second.trashPath);
+    DeletionHistory history(stage.store, stage.removal);
+    EXPECT_FALSE(history.canRestore(first));
+    EXPECT_EQ(history.restoreIfPossible(first)->description, "It is no longer in the Trash.");
+    EXPECT_FALSE(history.restoreIfPossible(second));
+    EXPECT_TRUE(stage.tree.exists("home/two/a"));
+    EXPECT_FALSE(stage.tree.exists("home/one/a"));
 }
 
 TEST(Executor, judgesWhereALinkedFolderLeads) {

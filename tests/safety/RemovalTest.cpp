@@ -1,5 +1,7 @@
 // What removal does to real trees: links, depth, permissions, mounts, names.
 
+#include "platform/linux/MountPoints.h"
+#include "platform/linux/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/RandomTree.h"
@@ -170,6 +172,43 @@ TEST(Removal, whatCannotGoStaysInItsPlaceAndIsReported) {
     EXPECT_EQ(run.report.freed, 0);
 }
 
+TEST(Removal, aRestWhoseNameWasTakenIsReportedUnderAnother) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/stuck/file", "text");
+    stage.calls.onCall = [&](const SystemCall& call) {
+        if (std::string_view(call.call) != "unlink" || std::string_view(call.name) != "file")
+            return;
+        std::filesystem::create_directory(stage.home("item")); // its application is still at work
+        stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run = stage.run(stage.home("item"), Removal::permanent);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_EQ(run.report.failures.front().reason,
+              "What could not be removed is now called " + stage.home("item 2"));
+    EXPECT_TRUE(stage.tree.exists("home/item 2/stuck/file"));
+    EXPECT_FALSE(stage.hasScratch());
+}
+
+TEST(Removal, whatBelongsToAnotherMoveIsNoItem) {
+    DeletionStage stage;
+    const std::string scratch = ".Trash/" + scratchName();
+    stage.tree.fileWithText("home/" + scratch + "/item/file", "half a copy");
+    for (const std::string& path : {scratch, scratch + "/item", scratch + "/item/file"}) {
+        const ExecutedRun run = stage.run(stage.home(path), Removal::permanent);
+        ASSERT_EQ(run.report.failures.size(), 1U);
+        EXPECT_EQ(run.report.failures.front().reason, "This belongs to a removal that is under way.");
+    }
+    EXPECT_TRUE(stage.tree.exists("home/" + scratch + "/item/file"));
+}
+
+TEST(MountPoints, areReadAsTheSystemWritesThem) {
+    EXPECT_EQ(mountPointsFromText("22 1 8:1 / / rw - ext4 /dev/sda rw\n"
+                                  "23 22 0:5 / /media/My\\040Disk\\134\\0124 rw shared:1 - ext4 x rw\n"
+                                  "cut off\n"),
+              (std::vector<std::string>{"/", "/media/My Disk\\\n4"}));
+    EXPECT_FALSE(holdsMountPoint("/proc/self"));
+}
+
 TEST(Removal, neverCrossesOntoAMountedDisk) {
     const bool allowed = withOwnMounts([] {
         DeletionStage stage;
@@ -188,7 +227,8 @@ TEST(Removal, neverCrossesOntoAMountedDisk) {
             ASSERT_EQ(run.report.failures.size(), 1U) << path;
             EXPECT_EQ(run.report.failures.front().reason, "Another disk is mounted here. Eject it first.");
         }
-        EXPECT_EQ(stage.run(disk, Removal::trash).report.failures.size(), 1U);
+        for (const std::string& path : {disk, stage.home("item")})
+            EXPECT_EQ(stage.run(path, Removal::trash).report.failures.size(), 1U) << path;
         EXPECT_TRUE(stage.tree.exists("home/item/inside/disk/canary"));
         EXPECT_TRUE(stage.tree.exists("outside/bound/canary"));
         EXPECT_FALSE(stage.hasScratch());

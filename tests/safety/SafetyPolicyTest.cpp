@@ -1,6 +1,7 @@
 #include "safety/SafetyPolicy.h"
 #include "core/Localized.h"
 #include "junk/JunkCatalogue.h"
+#include "safety/PathJudge.h"
 #include "safety/SafetyTables.h"
 #include "support/FakeBundles.h"
 #include "support/MadeUpRule.h"
@@ -305,6 +306,18 @@ TEST(RiskTest, isOrderedFromSafeToProtected) {
     EXPECT_LT(Risk::review, Risk::protected_);
     for (const Risk risk : allRisks)
         EXPECT_STRCASEEQ(label(risk).c_str(), std::string(caseName(risk)).c_str());
+}
+
+TEST(PathJudge, knowsTheHomeFolderByBothItsPaths) {
+    const FakeBundles bundles;
+    const FakeRunningApplications running;
+    const SafetyPolicy policy("/home/u", junkCatalogue(), bundles, running);
+    const PathJudge judge = judgeByBothHomes(policy, "/home/u", "/data/u");
+    for (const char* path : {"/home/u", "/data/u", "/data/u/Documents", "/data/u/Library/Keychains"})
+        EXPECT_EQ(judge(path).risk, Risk::protected_) << path;
+    EXPECT_EQ(judge("/data/u/Downloads/old.txt"), policy.verdict("/data/u/Downloads/old.txt"))
+        << "the stricter of the two";
+    EXPECT_EQ(judge("/data/u2/Documents"), policy.verdict("/data/u2/Documents"));
 }
 
 } // namespace

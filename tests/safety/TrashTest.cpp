@@ -48,6 +48,16 @@ TEST(NumberedName, isWhatADesktopGives) {
         EXPECT_EQ(numberedName(one.name, one.number), one.expected);
 }
 
+TEST(Trash, whatLiesInItStaysAsItIs) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/file", "text");
+    stage.run(stage.home("file"), Removal::trash);
+    const ExecutedRun again = stage.run(stage.trash("file"), Removal::trash);
+    ASSERT_EQ(again.report.failures.size(), 1U);
+    EXPECT_EQ(again.report.failures.front().reason, "It is in the Trash already.");
+    EXPECT_EQ(stage.trashNames(), std::vector<std::string>{"file"});
+}
+
 TEST(Trash, isMadeForTheUserAlone) {
     DeletionStage stage;
     stage.tree.fileWithText("home/file", "text");

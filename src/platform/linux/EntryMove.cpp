@@ -1,6 +1,8 @@
 #include "platform/linux/EntryMove.h"
 
+#include "core/Localized.h"
 #include "platform/linux/ExclusiveRename.h"
+#include "platform/linux/MountPoints.h"
 #include "platform/linux/NumberedName.h"
 #include "platform/linux/ScratchName.h"
 #include "platform/linux/TreeCopier.h"
@@ -29,8 +31,28 @@ FileIdentity identityOf(const FileStatus& status) {
            std::to_string(status.born.tv_nsec);
 }
 
-int returnToName(FileSystemCalls& calls, int folder, const std::string& aside, const std::string& name) {
-    return twice([&] { return renameExclusively(calls, folder, aside, folder, name); });
+Result<std::string> returnToName(FileSystemCalls& calls, int folder, const std::string& aside,
+                                 const std::string& name) {
+    for (unsigned number = 1;; ++number) {
+        std::string candidate = numberedName(name, number);
+        const int result = twice([&] { return renameExclusively(calls, folder, aside, folder, candidate); });
+        if (result == 0)
+            return candidate;
+        if (result != -EEXIST)
+            return errorFromErrno(-result);
+    }
+}
+
+PlatformError returnRest(FileSystemCalls& calls, const WalkedEntry& original, const std::string& aside,
+                         const PlatformError& failure) {
+    const Result<std::string> returned =
+        returnToName(calls, original.parent.folder.number(), aside, original.name);
+    const std::string* name = std::get_if<std::string>(&returned);
+    if (name != nullptr && *name == original.name)
+        return failure;
+    const WalkedEntry rest{{Descriptor(), original.parent.path}, name != nullptr ? *name : aside};
+    return {ErrorDomain::posix, EEXIST, std::nullopt,
+            localized("What could not be removed is now called") + " " + rest.path()};
 }
 
 std::string EntryMove::targetPath(const std::string& name) const {
@@ -44,7 +66,7 @@ Result<TrashArrival> EntryMove::perform(const std::string& name, NameChoice choi
     const int found = m_calls.status(m_source.parent.folder.number(), m_source.name.c_str(), status);
     if (found < 0)
         return errorFromErrno(-found);
-    if (status.isMountPoint)
+    if (status.isMountPoint || (status.isFolder() && holdsMountPoint(m_source.path())))
         return mountedInside();
     const PlannedMove plan{{}, identityOf(status), {}, {}};
     Result<std::string> placed = place(m_source.parent.folder.number(), m_source.name, plan);
@@ -150,10 +172,8 @@ Failure EntryMove::setOriginalAside(int scratch, const std::string& placed, cons
 
 Failure EntryMove::removeOriginal(const std::string& aside, const CopyManifest& manifest) {
     const int folder = m_source.parent.folder.number();
-    Failure failure = TreeRemover(m_calls, &manifest).remove(folder, aside);
-    if (failure)
-        returnToName(m_calls, folder, aside, m_source.name);
-    return failure;
+    const Failure failure = TreeRemover(m_calls, &manifest).remove(folder, aside);
+    return failure ? returnRest(m_calls, m_source, aside, *failure) : failure;
 }
 
 void EntryMove::discard(const std::string& scratch) {

@@ -53,8 +53,14 @@ private:
 /// restarts.
 FileIdentity identityOf(const FileStatus& status);
 
-/// Moves an entry that was set aside back to its name in the same folder. Tries twice, since what it mends
-/// must not fail for a passing error.
-int returnToName(FileSystemCalls& calls, int folder, const std::string& aside, const std::string& name);
+/// Moves an entry that was set aside back to its name in the same folder, or to a free one like it where that
+/// is taken; gives the name. Tries each twice, since what it mends must not fail for a passing error.
+Result<std::string> returnToName(FileSystemCalls& calls, int folder, const std::string& aside,
+                                 const std::string& name);
+
+/// Returns what `failure` left of an original. Gives the failure, or where the rest is when it could not have
+/// its own name.
+PlatformError returnRest(FileSystemCalls& calls, const WalkedEntry& original, const std::string& aside,
+                         const PlatformError& failure);
 
 } // namespace brimlet

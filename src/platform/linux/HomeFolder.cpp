@@ -1,7 +1,9 @@
 #include "platform/HomeFolder.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <pwd.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace brimlet {
@@ -16,6 +18,12 @@ std::string homeFolder() {
     while (home.size() > 1 && home.ends_with('/'))
         home.pop_back();
     return home.empty() ? "/" : home;
+}
+
+std::string pathWithoutLinks(const std::string& folder) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::canonical(folder, error);
+    return error ? folder : resolved.native();
 }
 
 } // namespace brimlet

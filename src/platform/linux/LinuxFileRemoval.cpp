@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxFileRemoval.h"
 
 #include "core/Localized.h"
+#include "core/Paths.h"
 #include "platform/linux/EntryMove.h"
 #include "platform/linux/ExclusiveRename.h"
 #include "platform/linux/PathWalk.h"
@@ -8,6 +9,7 @@
 #include "platform/linux/TrashFolder.h"
 #include "platform/linux/TreeRemover.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -59,7 +61,11 @@ Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path
     Result<WalkedEntry> entry = walkToEntry(m_calls, path);
     if (const PlatformError* error = errorIn(entry))
         return *error;
-    return std::make_unique<LinuxPinnedEntry>(valueOf(std::move(entry)));
+    auto pinned = std::make_unique<LinuxPinnedEntry>(valueOf(std::move(entry)));
+    const std::vector<std::string_view> components = pathComponents(pinned->resolvedPath());
+    if (std::any_of(components.begin(), components.end(), isScratchName))
+        return notOurs("This belongs to a removal that is under way.");
+    return pinned;
 }
 
 // A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing
@@ -83,10 +89,8 @@ Failure LinuxFileRemoval::remove(const PinnedEntry& pinned, const BeforeMove& be
         return refused;
     if (const int result = renameExclusively(m_calls, folder, entry.name, folder, aside.name); result < 0)
         return errorFromErrno(-result);
-    Failure failure = remover.remove(folder, aside.name);
-    if (failure && returnToName(m_calls, folder, aside.name, entry.name) < 0)
-        failure->description = localized("What could not be removed is now called") + " " + aside.path();
-    return failure;
+    const Failure failure = remover.remove(folder, aside.name);
+    return failure ? returnRest(m_calls, entry, aside.name, *failure) : failure;
 }
 
 Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, const BeforeMove& before) {
@@ -94,6 +98,9 @@ Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, co
     if (const PlatformError* error = errorIn(trash))
         return *error;
     const WalkedEntry& entry = walked(pinned);
+    if (isSameFolder(m_calls, entry.parent.folder.number(),
+                     std::get_if<WalkedFolder>(&trash)->folder.number()))
+        return notOurs("It is in the Trash already.");
     return EntryMove(m_calls, entry, *std::get_if<WalkedFolder>(&trash), before)
         .perform(entry.name, NameChoice::numbered);
 }
@@ -139,7 +146,7 @@ Result<std::optional<FileIdentity>> LinuxFileRemoval::identity(std::string_view 
 Failure LinuxFileRemoval::removeScratch(std::string_view path) {
     const Result<WalkedEntry> entry = walkToEntry(m_calls, path);
     if (const PlatformError* error = errorIn(entry))
-        return unlessGone(*error);
+        return *error;
     const auto& scratch = *std::get_if<WalkedEntry>(&entry);
     if (!isScratchName(scratch.name))
         return notOurs("This is not left over from a removal.");
@@ -149,16 +156,16 @@ Failure LinuxFileRemoval::removeScratch(std::string_view path) {
 
 Failure LinuxFileRemoval::returnToPlace(std::string_view setAside, std::string_view originalPath) {
     const Result<WalkedEntry> entry = walkToEntry(m_calls, setAside);
-    const Result<WalkedEntry> place = walkToEntry(m_calls, originalPath);
-    if (const PlatformError* error = errorIn(entry) != nullptr ? errorIn(entry) : errorIn(place))
-        return unlessGone(*error);
+    if (const PlatformError* error = errorIn(entry))
+        return *error;
     const auto& aside = *std::get_if<WalkedEntry>(&entry);
-    const auto& target = *std::get_if<WalkedEntry>(&place);
-    if (!isScratchName(aside.name))
+    const std::vector<std::string_view> components = pathComponents(originalPath);
+    if (!isScratchName(aside.name) || components.empty())
         return notOurs("This is not left over from a removal.");
-    const int result = renameExclusively(m_calls, aside.parent.folder.number(), aside.name,
-                                         target.parent.folder.number(), target.name);
-    return result < 0 ? unlessGone(errorFromErrno(-result)) : std::nullopt;
+    const Result<std::string> name =
+        returnToName(m_calls, aside.parent.folder.number(), aside.name, std::string(components.back()));
+    const PlatformError* error = errorIn(name);
+    return error != nullptr ? unlessGone(*error) : std::nullopt;
 }
 
 } // namespace brimlet
