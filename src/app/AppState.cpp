@@ -48,6 +48,15 @@ void AppState::setSectionRaw(const QString& raw) {
         setSection(*section);
 }
 
+void AppState::runInBackground(std::function<void()> work) {
+    m_work.run(
+        [work = std::move(work)] {
+            work();
+            return true;
+        },
+        [](bool) {});
+}
+
 void AppState::setExplorerStack(std::vector<FileNode*> stack) {
     if (!stack.empty() && (!m_scan || stack.front() != m_scan->root)) // of an earlier scan
         return;

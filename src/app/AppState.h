@@ -148,6 +148,10 @@ public:
 
     Q_INVOKABLE void clearHistory();
 
+    /// Runs what outlives the screen that began it. `work` owns all that it touches; it is waited for at the
+    /// end of the application.
+    void runInBackground(std::function<void()> work);
+
     // Junk and Quick Clean
     const std::vector<JunkFinding>& junk() const { return m_junk; } ///< a finding may have lost all its items
     bool junkLoading() const { return m_junkLoading; }

@@ -57,11 +57,11 @@ void FileListModel::exportCsv() {
         m_onlyKind >= 0 ? localized(look(static_cast<FileKind>(m_onlyKind)).title) : "files";
     state()->panels().chooseFileToSave(
         "Brimlet-" + base + ".csv",
-        [this, self = QPointer(this), scan = scan(), nodes = listedNodes()](std::optional<std::string> path) {
+        [self = QPointer(this), scan = scan(), nodes = listedNodes()](std::optional<std::string> path) {
             if (!self || !path)
                 return;
-            m_work.run([path = *path, scan, nodes] { return writeAtomically(path, csvText(nodes)); },
-                       [](bool) {});
+            self->state()->runInBackground(
+                [path = *path, scan, nodes] { writeAtomically(path, csvText(nodes)); });
         });
 }
 

@@ -41,7 +41,6 @@ protected:
 private:
     QPointer<FilterEditor> m_filter;
     int m_onlyKind = -1;
-    BackgroundWork m_work;
 };
 
 } // namespace brimlet

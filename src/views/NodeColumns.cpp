@@ -98,6 +98,30 @@ std::string orderText(std::string_view foldedName) {
     return withOrderedNumbers(plain.toStdString()) + '\0' + accented.toStdString();
 }
 
+constexpr std::size_t lookInterval = 4096; ///< rows between two looks at whether the work is still wanted
+
+/// Sorts, stopping between pieces of a few milliseconds; false when it did.
+template <class Row, class Before>
+bool sortInPieces(std::vector<Row>& rows, const Before& isBefore, const std::atomic<bool>& interrupted) {
+    constexpr std::size_t pieceRows = 16'384;
+    const auto at = [&](std::size_t i) {
+        return rows.begin() + static_cast<std::ptrdiff_t>(std::min(i, rows.size()));
+    };
+    for (std::size_t i = 0; i < rows.size(); i += pieceRows) {
+        if (interrupted)
+            return false;
+        std::sort(at(i), at(i + pieceRows), isBefore);
+    }
+    for (std::size_t sorted = pieceRows; sorted < rows.size(); sorted *= 2) {
+        for (std::size_t i = 0; i < rows.size(); i += 2 * sorted) {
+            if (interrupted)
+                return false;
+            std::inplace_merge(at(i), at(i + sorted), at(i + 2 * sorted), isBefore);
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 NodeBits& NodeBits::operator&=(const NodeBits& other) {
@@ -121,26 +145,33 @@ void NodeColumns::readSizes() {
     }
 }
 
-void NodeColumns::prepareNames() {
+bool needsNames(const FileFilter& filter, const NodeSort& sort) {
+    return !filter.query.empty() || sort.column == NodeColumn::name;
+}
+
+bool NodeColumns::prepareNames(const std::atomic<bool>& interrupted) {
     if (m_namesReady)
-        return;
+        return true;
+    m_nameStarts.clear();
+    m_foldedNames.clear();
     m_nameStarts.reserve(count() + 1);
     for (const FileNode* node : m_nodes) {
+        if (m_nameStarts.size() % lookInterval == 0 && interrupted)
+            return false;
         m_nameStarts.push_back(m_foldedNames.size());
         m_foldedNames += foldedText(node->name);
     }
     m_nameStarts.push_back(m_foldedNames.size());
-    rankNames();
-    m_namesReady = true;
+    m_namesReady = rankNames(interrupted);
+    return m_namesReady;
 }
 
-bool NodeColumns::nameBeginsWith(std::size_t i, std::string_view text) const {
-    const std::string folded = foldedText(text);
+bool NodeColumns::nameBeginsWith(std::size_t i, std::string_view folded) const {
     return m_namesReady ? foldedName(i).starts_with(folded)
                         : foldedText(m_nodes[i]->name).starts_with(folded);
 }
 
-void NodeColumns::rankNames() {
+bool NodeColumns::rankNames(const std::atomic<bool>& interrupted) {
     struct NamedRow {
         std::uint64_t beginning; ///< the first eight bytes of the text, which decide most comparisons
         std::string text;
@@ -149,15 +180,19 @@ void NodeColumns::rankNames() {
     std::vector<NamedRow> named;
     named.reserve(count());
     for (std::size_t i = 0; i < count(); ++i) {
+        if (i % lookInterval == 0 && interrupted)
+            return false;
         std::string text = orderText(foldedName(i));
         std::uint64_t beginning = 0;
         for (std::size_t at = 0; at < 8; ++at)
             beginning = beginning << 8 | (at < text.size() ? static_cast<unsigned char>(text[at]) : 0U);
         named.push_back({beginning, std::move(text), static_cast<std::uint32_t>(i)});
     }
-    std::ranges::sort(named, [](const NamedRow& a, const NamedRow& b) {
+    const auto isBefore = [](const NamedRow& a, const NamedRow& b) {
         return a.beginning != b.beginning ? a.beginning < b.beginning : a.text < b.text;
-    });
+    };
+    if (!sortInPieces(named, isBefore, interrupted))
+        return false;
     m_nameRanks.resize(count());
     std::uint32_t rank = 0;
     for (std::size_t i = 0; i < named.size(); ++i) {
@@ -165,6 +200,7 @@ void NodeColumns::rankNames() {
             ++rank;
         m_nameRanks[named[i].row] = rank;
     }
+    return true;
 }
 
 std::string_view NodeColumns::foldedName(std::size_t i) const {
@@ -211,10 +247,11 @@ std::vector<std::uint32_t> NodeColumns::matching(const FileFilter& filter, const
 }
 
 NodeRows NodeColumns::rows(const FileFilter& filter, const NodeSort& sort, const NodeBits& deleted,
-                           double now, const std::atomic<bool>& cancelled) {
+                           double now, const std::atomic<bool>& cancelled,
+                           const std::atomic<bool>& interrupted) {
     readSizes();
-    if (!filter.query.empty() || sort.column == NodeColumn::name)
-        prepareNames();
+    if (needsNames(filter, sort) && !prepareNames(interrupted))
+        return {};
     NodeRows result;
     result.order = matching(filter, deleted, now, cancelled);
     result.listed = NodeBits(count());

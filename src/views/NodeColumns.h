@@ -63,6 +63,9 @@ struct NodeRows {
     std::int64_t largestSize = 0;
 };
 
+/// Whether rows can't be filtered and sorted so before the names are prepared.
+bool needsNames(const FileFilter& filter, const NodeSort& sort);
+
 class NodeColumns {
 public:
     /// scan  kept alive
@@ -78,23 +81,26 @@ public:
     std::int64_t fileCount(std::size_t i) const { return m_fileCounts[i]; }
     const std::shared_ptr<const ScanResult>& scan() const { return m_scan; }
 
-    /// Whether a name begins with a text, case ignored. Any thread; quick once the names are prepared.
-    bool nameBeginsWith(std::size_t i, std::string_view text) const;
+    /// Whether a name begins with a text that foldedText has folded. Any thread; quick once the names are
+    /// prepared.
+    bool nameBeginsWith(std::size_t i, std::string_view folded) const;
 
     /// Folds and ranks the names once; sorting by name and searching need it. One thread at a time.
-    void prepareNames();
+    /// interrupted  looked at now and then; once set, nothing is prepared, and false given
+    bool prepareNames(const std::atomic<bool>& interrupted);
 
     /// The rows that match, sorted; equal keys keep the order of the list in both directions.
     /// deleted    positions to leave out
     /// cancelled  looked at now and then; once set, the result is worthless
+    /// interrupted  the same, for prepareNames: what it has begun serves the next request too
     NodeRows rows(const FileFilter& filter, const NodeSort& sort, const NodeBits& deleted, double now,
-                  const std::atomic<bool>& cancelled);
+                  const std::atomic<bool>& cancelled, const std::atomic<bool>& interrupted);
 
 private:
     std::vector<std::uint32_t> matching(const FileFilter& filter, const NodeBits& deleted, double now,
                                         const std::atomic<bool>& cancelled);
     std::uint64_t sortKey(std::size_t i, NodeColumn column) const;
-    void rankNames();
+    bool rankNames(const std::atomic<bool>& interrupted);
     std::string_view foldedName(std::size_t i) const;
 
     std::shared_ptr<const ScanResult> m_scan;

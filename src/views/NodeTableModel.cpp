@@ -3,6 +3,7 @@
 #include "app/Formats.h"
 #include "core/Localized.h"
 #include "core/Paths.h"
+#include "core/TextFold.h"
 #include "views/NodeLook.h"
 
 #include <algorithm>
@@ -279,7 +280,7 @@ int NodeTableModel::firstSelectedRow() const {
 }
 
 int NodeTableModel::rowBeginningWith(const QString& text) const {
-    const std::string beginning = text.toStdString();
+    const std::string beginning = foldedText(text.toStdString());
     const int first = std::max(currentRow(), 0);
     for (int step = 0; step < count(); ++step) {
         const int row = (first + step) % count();

@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -88,8 +89,10 @@ QString decodeText(const QByteArray& bytes) {
 
 } // namespace
 
-PreviewContent readPreview(const std::string& path) {
+PreviewContent readPreview(const std::string& path, const std::atomic<bool>& isWanted) {
     PreviewContent content;
+    if (!isWanted)
+        return content;
     struct stat status {};
     const int descriptor = openRegular(path, status);
     if (descriptor < 0)
@@ -99,8 +102,10 @@ PreviewContent readPreview(const std::string& path) {
     content.cut = bytes.size() < status.st_size;
     if (content.text.isEmpty() && status.st_size <= imageBytes) {
         bytes += readUpTo(descriptor, status.st_size - bytes.size());
-        QImageReader::setAllocationLimit(imageMegabytes);
-        content.image = decodeImage(std::move(bytes));
+        static std::once_flag isLimited;
+        std::call_once(isLimited, [] { QImageReader::setAllocationLimit(imageMegabytes); });
+        if (isWanted)
+            content.image = decodeImage(std::move(bytes));
     }
     close(descriptor);
     return content;

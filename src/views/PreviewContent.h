@@ -2,6 +2,7 @@
 // runs anything, opens regular files only, and reads a bounded number of bytes.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include <QImage>
@@ -15,8 +16,9 @@ struct PreviewContent {
     bool cut = false; ///< the text goes on beyond what is shown
 };
 
-/// path    absolute, any bytes
-/// thread  any; blocks on the disk
-PreviewContent readPreview(const std::string& path);
+/// path      absolute, any bytes
+/// isWanted  looked at before the file is opened and before it is decoded; once false, nothing is given
+/// thread    any; blocks on the disk
+PreviewContent readPreview(const std::string& path, const std::atomic<bool>& isWanted);
 
 } // namespace brimlet

@@ -5,6 +5,9 @@
 #include "platform/HomeFolder.h"
 #include "views/NodeLook.h"
 
+#include <QCoreApplication>
+#include <QThreadPool>
+
 namespace brimlet {
 
 bool QuickPreview::toggle(NodeTableModel* table) {
@@ -31,7 +34,12 @@ void QuickPreview::showFirst(NodeActions* actions) {
         show(*actions->nodes().front());
 }
 
+QuickPreview::~QuickPreview() {
+    forget();
+}
+
 void QuickPreview::close() {
+    forget();
     m_isOpen = false;
     m_path.clear();
     m_content = {};
@@ -39,6 +47,7 @@ void QuickPreview::close() {
 }
 
 void QuickPreview::show(const FileNode& node) {
+    forget();
     m_isOpen = true;
     m_path = node.path();
     m_shownPath = displayText(displayPath(m_path, homeFolder()));
@@ -51,14 +60,32 @@ void QuickPreview::show(const FileNode& node) {
     emit changed();
     if (node.isDirectory)
         return;
-    m_work.run([path = m_path] { return std::pair(path, readPreview(path)); },
-               [this](std::pair<std::string, PreviewContent> read) {
-                   if (read.first != m_path)
-                       return;
-                   m_content = std::move(read.second);
-                   m_isLoading = false;
-                   emit changed();
-               });
+    read();
+}
+
+/// Nobody waits for it: a file on a disk that hangs may never be read.
+void QuickPreview::read() {
+    m_isWanted = std::make_shared<std::atomic<bool>>(true);
+    QThreadPool::globalInstance()->start([path = m_path, isWanted = m_isWanted, self = QPointer(this)] {
+        PreviewContent content = readPreview(path, *isWanted);
+        if (!*isWanted)
+            return;
+        QMetaObject::invokeMethod(qApp, [content = std::move(content), isWanted, self] {
+            if (*isWanted && self)
+                self->take(content);
+        });
+    });
+}
+
+void QuickPreview::forget() {
+    if (m_isWanted)
+        *m_isWanted = false;
+}
+
+void QuickPreview::take(const PreviewContent& content) {
+    m_content = content;
+    m_isLoading = false;
+    emit changed();
 }
 
 } // namespace brimlet

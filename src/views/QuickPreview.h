@@ -4,6 +4,9 @@
 #include "views/NodeActions.h"
 #include "views/PreviewContent.h"
 
+#include <atomic>
+#include <memory>
+
 #include <QObject>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
@@ -27,6 +30,7 @@ class QuickPreview : public QObject {
 public:
     explicit QuickPreview(QObject* parent = nullptr)
         : QObject(parent) {}
+    ~QuickPreview() override;
 
     bool isOpen() const { return m_isOpen; }
     bool isLoading() const { return m_isLoading; }
@@ -51,6 +55,9 @@ signals:
 
 private:
     void show(const FileNode& node);
+    void read();
+    void forget();
+    void take(const PreviewContent& content);
 
     bool m_isOpen = false;
     bool m_isLoading = false;
@@ -60,7 +67,7 @@ private:
     bool m_directory = false;
     QString m_details;
     PreviewContent m_content;
-    BackgroundWork m_work;
+    std::shared_ptr<std::atomic<bool>> m_isWanted; ///< of what is being read
 };
 
 } // namespace brimlet

@@ -7,7 +7,7 @@ namespace brimlet {
 std::shared_ptr<const NodeRows> computeRows(const RowRequest& request) {
     const std::atomic<bool> never = false;
     return std::make_shared<const NodeRows>(
-        request.columns->rows(request.filter, request.sort, *request.deleted, request.now, never));
+        request.columns->rows(request.filter, request.sort, *request.deleted, request.now, never, never));
 }
 
 RowWorker::RowWorker(Answer answer)
@@ -15,7 +15,8 @@ RowWorker::RowWorker(Answer answer)
     , m_thread([this](const std::stop_token& stop) { run(stop); }) {}
 
 RowWorker::~RowWorker() {
-    m_overtaken = true;
+    m_thread.request_stop();
+    drop();
 }
 
 void RowWorker::submit(RowRequest request) {
@@ -23,6 +24,8 @@ void RowWorker::submit(RowRequest request) {
         const std::lock_guard lock(m_mutex);
         ++m_lastNumber;
         m_overtaken = true;
+        // Names that were begun serve the newer request as well, if it needs any.
+        m_namesInterrupted = m_namesInterrupted || !needsNames(request.filter, request.sort);
         m_waiting = std::move(request);
     }
     m_arrived.notify_one();
@@ -32,6 +35,7 @@ void RowWorker::drop() {
     const std::lock_guard lock(m_mutex);
     ++m_lastNumber;
     m_overtaken = true;
+    m_namesInterrupted = true;
     m_waiting.reset();
 }
 
@@ -43,15 +47,15 @@ void RowWorker::run(const std::stop_token& stop) {
         RowRequest request = *std::exchange(m_waiting, std::nullopt);
         const int number = m_lastNumber;
         m_overtaken = false;
+        m_namesInterrupted = false;
         lock.unlock();
         NodeColumns& columns = *request.columns;
-        auto rows = std::make_shared<const NodeRows>(
-            columns.rows(request.filter, request.sort, *request.deleted, request.now, m_overtaken));
+        auto rows = std::make_shared<const NodeRows>(columns.rows(
+            request.filter, request.sort, *request.deleted, request.now, m_overtaken, m_namesInterrupted));
         if (!m_overtaken)
             answer(request, std::move(rows), number);
         // Ready before the first letter is typed.
-        if (!m_overtaken && !stop.stop_requested())
-            columns.prepareNames();
+        columns.prepareNames(m_namesInterrupted);
     }
 }
 

@@ -52,6 +52,7 @@ private:
     std::optional<RowRequest> m_waiting;
     int m_lastNumber = 0; ///< of the newest request; written on the main thread only
     std::atomic<bool> m_overtaken = false;
+    std::atomic<bool> m_namesInterrupted = false;
     std::jthread m_thread; // Goes first.
 };
 

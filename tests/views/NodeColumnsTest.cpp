@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <numeric>
+#include <thread>
 
 namespace brimlet {
 namespace {
@@ -20,7 +22,7 @@ std::vector<std::string> namesInOrder(const std::vector<std::string>& names, Sor
     NodeColumns columns(scan, scan->files);
     std::vector<std::string> sorted;
     for (const std::uint32_t row :
-         columns.rows({}, {NodeColumn::name, direction}, NodeBits(), now, notCancelled).order)
+         columns.rows({}, {NodeColumn::name, direction}, NodeBits(), now, notCancelled, notCancelled).order)
         sorted.emplace_back(columns.node(row)->name);
     return sorted;
 }
@@ -84,8 +86,9 @@ TEST(NodeColumns, everyColumnSortsStablyInBothDirections) {
                     const double keyB = plainKey(*scan->files[b], column);
                     return direction == SortDirection::ascending ? keyA < keyB : keyA > keyB;
                 });
-                EXPECT_EQ(columns.rows({}, {column, direction}, NodeBits(), now, notCancelled).order,
-                          expected)
+                EXPECT_EQ(
+                    columns.rows({}, {column, direction}, NodeBits(), now, notCancelled, notCancelled).order,
+                    expected)
                     << "seed " << seed << " column " << static_cast<int>(column);
             }
         }
@@ -101,7 +104,7 @@ TEST(NodeColumns, listsWhatMatchesAndIsNotDeleted) {
     NodeBits deleted(columns.count());
     for (std::size_t i = 0; i < columns.count(); i += 3)
         deleted.set(i);
-    const NodeRows rows = columns.rows(filter, {}, deleted, now, notCancelled);
+    const NodeRows rows = columns.rows(filter, {}, deleted, now, notCancelled, notCancelled);
 
     std::int64_t expectedSize = 0;
     std::int64_t expectedLargest = 0;
@@ -119,10 +122,33 @@ TEST(NodeColumns, listsWhatMatchesAndIsNotDeleted) {
     EXPECT_EQ(rows.largestSize, expectedLargest);
 }
 
+TEST(NodeColumns, interruptedPreparationIsTakenUpAgain) {
+    constexpr std::uint32_t count = 40'000; // several pieces to sort
+    test::SyntheticTree tree;
+    for (std::uint32_t i = 0; i < count; ++i)
+        tree.file(tree.root(), "file " + std::to_string(count + i * 7'919 % count), 1);
+    const auto scan = tree.finish();
+    std::vector<std::uint32_t> expected(count);
+    std::iota(expected.begin(), expected.end(), 0U);
+    std::ranges::sort(expected, {}, [&](std::uint32_t row) { return scan->files[row]->name; });
+    NodeColumns columns(scan, scan->files);
+    for (const int microseconds : {0, 300, 3'000, 10'000}) {
+        std::atomic<bool> interrupted = microseconds == 0;
+        const std::jthread interrupting([&] {
+            std::this_thread::sleep_for(std::chrono::microseconds(microseconds));
+            interrupted = true;
+        });
+        columns.prepareNames(interrupted);
+    }
+    const NodeSort byName{NodeColumn::name, SortDirection::ascending};
+    EXPECT_EQ(columns.rows({}, byName, NodeBits(), now, notCancelled, notCancelled).order, expected);
+}
+
 TEST(NodeColumns, anEmptyListGivesNoRows) {
     const auto scan = test::SyntheticTree().finish();
     NodeColumns columns(scan, {});
-    EXPECT_TRUE(columns.rows({}, {NodeColumn::name, {}}, NodeBits(), now, notCancelled).order.empty());
+    EXPECT_TRUE(
+        columns.rows({}, {NodeColumn::name, {}}, NodeBits(), now, notCancelled, notCancelled).order.empty());
 }
 
 } // namespace

@@ -11,6 +11,8 @@
 namespace brimlet {
 namespace {
 
+const std::atomic<bool> wanted = true;
+
 TEST(PreviewContent, showsTextsAndImagesAndNothingOfTheRest) {
     const test::TemporaryTree folder;
     struct Case {
@@ -27,7 +29,7 @@ TEST(PreviewContent, showsTextsAndImagesAndNothingOfTheRest) {
         {"a script is only shown", "#!/bin/sh\nexit 1", "#!/bin/sh\nexit 1"},
     };
     for (const Case& one : cases) {
-        const PreviewContent content = readPreview(folder.fileWithText("file", one.content));
+        const PreviewContent content = readPreview(folder.fileWithText("file", one.content), wanted);
         EXPECT_EQ(content.text, one.text) << one.what;
         EXPECT_TRUE(content.image.isNull()) << one.what;
         EXPECT_FALSE(content.cut) << one.what;
@@ -39,7 +41,7 @@ TEST(PreviewContent, readsOnlyTheBeginningOfALongText) {
     std::string text(3, 'x');
     for (int i = 0; i < 100'000; ++i)
         text += "\xc3\xa9";
-    const PreviewContent content = readPreview(folder.fileWithText("long.txt", text));
+    const PreviewContent content = readPreview(folder.fileWithText("long.txt", text), wanted);
     EXPECT_TRUE(content.cut);
     EXPECT_EQ(content.text.left(5), "xxxéé");
     EXPECT_LT(content.text.size(), 100'000);
@@ -52,7 +54,7 @@ TEST(PreviewContent, scalesImagesDown) {
     large.fill(Qt::red);
     const std::string path = folder.path("large.png");
     ASSERT_TRUE(large.save(QString::fromStdString(path)));
-    const PreviewContent content = readPreview(path);
+    const PreviewContent content = readPreview(path, wanted);
     EXPECT_EQ(content.image.size(), QSize(1'600, 400));
     EXPECT_EQ(content.image.pixelColor(800, 200), QColor(Qt::red));
 }
@@ -64,7 +66,7 @@ TEST(PreviewContent, neverOpensWhatIsNoPlainFile) {
     const std::string text = folder.fileWithText("text", "words");
     for (const std::string& path : {pipe, folder.symbolicLink("link", text), folder.directory("folder"),
                                     folder.path("missing"), std::string("/dev/zero")}) {
-        const PreviewContent content = readPreview(path);
+        const PreviewContent content = readPreview(path, wanted);
         EXPECT_TRUE(content.text.isEmpty() && content.image.isNull()) << path;
     }
 }
@@ -72,7 +74,7 @@ TEST(PreviewContent, neverOpensWhatIsNoPlainFile) {
 TEST(PreviewContent, doesNotReadAHugeFile) {
     const test::TemporaryTree folder;
     const std::string path = folder.sparseFile("huge", std::int64_t{1} << 40);
-    const PreviewContent content = readPreview(path);
+    const PreviewContent content = readPreview(path, wanted);
     EXPECT_TRUE(content.text.isEmpty() && content.image.isNull());
 }
 

@@ -21,8 +21,9 @@ protected:
     }
 
     void show(const FileFilter& filter, SortDirection direction) {
-        m_selection.setRows(std::make_shared<NodeRows>(
-            m_columns->rows(filter, {NodeColumn::size, direction}, NodeBits(), 0, std::atomic<bool>(false))));
+        m_selection.setRows(
+            std::make_shared<NodeRows>(m_columns->rows(filter, {NodeColumn::size, direction}, NodeBits(), 0,
+                                                       std::atomic<bool>(false), std::atomic<bool>(false))));
     }
 
     /// The selected names, in the order shown.
