@@ -70,12 +70,17 @@ void NodeTableModel::listNothing() {
 
 void NodeTableModel::startList(std::shared_ptr<NodeColumns> columns) {
     m_isReady = false;
+    m_deletedOf = {};
     takeRows(std::make_shared<NodeRows>());
     m_columns = std::move(columns);
     m_selection.reset(m_columns);
 }
 
+/// Once for each list and each change of the tree, not at every letter of a filter.
 void NodeTableModel::readDeleted() {
+    const std::pair now(m_columns, state()->revision());
+    if (std::exchange(m_deletedOf, now) == now)
+        return;
     NodeBits deleted(m_columns->count());
     const FileNode* folder = nullptr; // the files of one folder follow each other
     bool isFolderGone = false;

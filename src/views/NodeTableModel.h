@@ -116,6 +116,7 @@ private:
 
     std::shared_ptr<NodeColumns> m_columns;
     std::shared_ptr<const NodeBits> m_deleted = std::make_shared<NodeBits>();
+    std::pair<std::shared_ptr<NodeColumns>, int> m_deletedOf; ///< list and revision of `m_deleted`
     std::shared_ptr<const NodeRows> m_rows = std::make_shared<NodeRows>();
     bool m_isReady = false;
     RowSelection m_selection;
