@@ -90,6 +90,6 @@ int main(int argc, char** argv) {
         "select all", [&] { model.selectAll(); }, false);
     step("sort with all selected", [&] { model.sortBy(NodeTableModel::Size); });
     step("read the tree again after a deletion",
-         [&] { state.removeDeleted({state.scan()->files.front()->path()}); });
+         [&] { test::removeDeleted(state, {state.scan()->files.front()->path()}); });
     return over == 0 ? 0 : 1;
 }

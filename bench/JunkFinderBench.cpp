@@ -2,11 +2,11 @@
 // (or as many as the first argument says), warm cache. Prints medians and their ratio.
 
 #include "core/MeasureTree.h"
-#include "junk/JunkCatalogue.h"
 #include "junk/JunkFinder.h"
 #include "platform/AccessProbe.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <chrono>
@@ -59,7 +59,7 @@ void compare(const char* name, const std::string& home) {
         measuring.push_back(secondsOf([&] { measureTree(home); }));
         finding.push_back(secondsOf([&] {
             files = 0;
-            for (const JunkFinding& found : finder.scan(junkCatalogue())) {
+            for (const JunkFinding& found : finder.scan(macosTables().junk.rules)) {
                 for (const JunkItem& item : found.items)
                     files += item.fileCount;
             }

@@ -1,7 +1,11 @@
-// Permanent removal against `rm -rf`, alternating, on trees of 200,000 files; and a move to the Trash of a
-// small and of the large tree. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
+// Removal beside `rm -rf`, alternating, each through the whole engine with its journal and its history; and
+// moves to the Trash on the same device. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
 
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/LinuxRecordStore.h"
+#include "safety/DeletionExecutor.h"
+#include "safety/DeletionHistory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -19,16 +23,20 @@
 namespace brimlet {
 namespace {
 
-void makeTree(const std::string& top, int folders) {
-    constexpr int filesPerFolder = 100;
+using Paths = std::vector<std::string>;
+
+void makeFile(const std::string& path) {
+    close(open(path.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
+}
+
+/// `folders` folders, fifty to a group, with `files` empty files each.
+void makeTree(const std::string& top, int folders, int files) {
     for (int folder = 0; folder < folders; ++folder) {
         const std::string path = top + "/" + std::to_string(folder / 50) + "/" + std::to_string(folder);
         std::filesystem::create_directories(path);
-        for (int file = 0; file < filesPerFolder; ++file)
-            close(
-                open((path + "/file" + std::to_string(file)).c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644));
+        for (int file = 0; file < files; ++file)
+            makeFile(path + "/file" + std::to_string(file));
     }
-    sync();
 }
 
 double secondsOf(const std::function<void()>& work) {
@@ -37,11 +45,15 @@ double secondsOf(const std::function<void()>& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-void runRm(const std::string& path) {
-    std::string words[] = {"/bin/rm", "-rf", path};
-    char* arguments[] = {words[0].data(), words[1].data(), words[2].data(), nullptr};
+void runRm(const Paths& paths) {
+    Paths words = {"/bin/rm", "-rf"};
+    words.insert(words.end(), paths.begin(), paths.end());
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
     pid_t process = 0;
-    if (posix_spawn(&process, arguments[0], nullptr, nullptr, arguments, environ) == 0)
+    if (posix_spawn(&process, arguments[0], nullptr, nullptr, arguments.data(), environ) == 0)
         waitpid(process, nullptr, 0);
 }
 
@@ -50,32 +62,121 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-int bench(const std::string& folder, int rounds) {
-    constexpr int largeFolders = 2000;
-    const auto goAhead = [](const PlannedMove&) { return Failure(); };
-    FileSystemCalls calls;
-    LinuxFileRemoval removal(folder, calls);
-    std::vector<double> ours;
-    std::vector<double> rm;
-    std::filesystem::create_directories(folder);
-    const std::string tree = folder + "/tree";
-    const auto removeTree = [&] { (void)removal.remove(*valueOf(removal.pin(tree)), goAhead); };
-    for (int round = 0; round < rounds; ++round) {
-        makeTree(tree, largeFolders);
-        ours.push_back(secondsOf(removeTree));
-        makeTree(tree, largeFolders);
-        rm.push_back(secondsOf([&] { runRm(tree); }));
+/// A home folder with the engine on top of it.
+class Engine {
+public:
+    explicit Engine(const std::string& home)
+        : m_removal(home, m_calls)
+        , m_store(historyFolder(home), m_calls)
+        , m_executor(
+              m_removal, m_store,
+              [](std::string_view) {
+                  return SafetyVerdict{Risk::safe, "safe"};
+              },
+              [] { return ProtectedPlaces({}, LinuxEntryLookup()); })
+        , m_history(m_store, m_removal) {}
+
+    void run(const Paths& paths, Removal how) {
+        std::vector<DeletionRequest> requests;
+        for (const std::string& path : paths) {
+            requests.push_back({Uuid::random(), path, 0, how});
+            if (const auto found = LinuxEntryLookup().find(path))
+                requests.back().identity = found->identity;
+        }
+        const ExecutedRun run = m_executor.execute(requests);
+        m_history.record(run);
+        if (run.report.deletedPaths.size() != paths.size())
+            std::printf("%zu of %zu removed\n", run.report.deletedPaths.size(), paths.size());
     }
-    std::printf("permanent removal of 200,000 files: %.3f s, rm -rf: %.3f s, ratio %.2f\n", median(ours),
-                median(rm), median(ours) / median(rm));
-    for (const int folders : {1, largeFolders}) {
-        makeTree(tree, folders);
-        const double seconds =
-            secondsOf([&] { (void)removal.moveToTrash(*valueOf(removal.pin(tree)), goAhead); });
-        std::printf("move to the Trash of %d files: %.1f us\n", folders * 100, seconds * 1e6);
+
+private:
+    FileSystemCalls m_calls;
+    LinuxFileRemoval m_removal;
+    LinuxRecordStore m_store;
+    DeletionExecutor m_executor;
+    DeletionHistory m_history;
+};
+
+struct Row {
+    const char* what;
+    std::function<Paths(const std::string& folder)> make; ///< gives what is to be removed
+};
+
+/// `count` entries given separately; folders of `files` files, or files where that is 0.
+Paths makeItems(const std::string& folder, int count, int files) {
+    Paths paths;
+    for (int item = 0; item < count; ++item) {
+        paths.push_back(folder + "/item" + std::to_string(item));
+        if (files == 0)
+            makeFile(paths.back());
+        else
+            std::filesystem::create_directory(paths.back());
+        for (int file = 0; file < files; ++file)
+            makeFile(paths.back() + "/file" + std::to_string(file));
     }
-    std::filesystem::remove_all(folder);
-    return 0;
+    return paths;
+}
+
+Paths makeEqualNames(const std::string& folder, int count) {
+    Paths paths;
+    for (int item = 0; item < count; ++item) {
+        const std::string parent = folder + "/parent" + std::to_string(item);
+        std::filesystem::create_directory(parent);
+        paths.push_back(parent + "/same.txt");
+        makeFile(paths.back());
+    }
+    return paths;
+}
+
+Row oneTree(const char* what, int folders, int files) {
+    return {what, [=](const std::string& folder) {
+                makeTree(folder + "/tree", folders, files);
+                return Paths{folder + "/tree"};
+            }};
+}
+
+void benchForGood(const std::string& folder, int rounds) {
+    const Row rows[] = {
+        oneTree("one tree of 200,000 files in 2,000 folders", 2000, 100),
+        oneTree("one tree of 40,000 folders", 40000, 0),
+        oneTree("one tree of 40,000 folders of two files", 40000, 2),
+        {"3,000 files given separately", [](const auto& at) { return makeItems(at, 3000, 0); }},
+        {"3,000 folders of ten files given separately",
+         [](const auto& at) { return makeItems(at, 3000, 10); }},
+    };
+    Engine engine(folder);
+    for (const Row& row : rows) {
+        std::vector<double> ours;
+        std::vector<double> rm;
+        for (int round = 0; round < rounds; ++round) {
+            const auto measure = [&](std::vector<double>& seconds,
+                                     const std::function<void(const Paths&)>& work) {
+                const Paths paths = row.make(folder);
+                sync();
+                seconds.push_back(secondsOf([&] { work(paths); }));
+            };
+            measure(ours, [&](const Paths& paths) { engine.run(paths, Removal::permanent); });
+            measure(rm, runRm);
+        }
+        std::printf("%-45s %7.3f s, rm -rf %7.3f s, ratio %.2f\n", row.what, median(ours), median(rm),
+                    median(ours) / median(rm));
+        std::fflush(stdout);
+    }
+}
+
+void benchTrash(const std::string& folder) {
+    const Row rows[] = {
+        oneTree("to the Trash: one tree of 200,000 files", 2000, 100),
+        {"to the Trash: 10,000 items", [](const auto& at) { return makeItems(at, 10000, 0); }},
+        {"to the Trash: 10,000 items of one name", [](const auto& at) { return makeEqualNames(at, 10000); }},
+    };
+    Engine engine(folder);
+    for (const Row& row : rows) {
+        const Paths paths = row.make(folder);
+        sync();
+        std::printf("%-45s %7.3f s\n", row.what, secondsOf([&] { engine.run(paths, Removal::trash); }));
+        std::fflush(stdout);
+    }
 }
 
 } // namespace
@@ -87,5 +188,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: removal-bench FOLDER [ROUNDS]\n");
         return 2;
     }
-    return brimlet::bench(argv[1], argc > 2 ? std::max(1, std::atoi(argv[2])) : usualRounds);
+    const std::string folder = argv[1];
+    std::filesystem::create_directories(folder);
+    brimlet::benchForGood(folder, argc > 2 ? std::max(1, std::atoi(argv[2])) : usualRounds);
+    brimlet::benchTrash(folder);
+    std::filesystem::remove_all(folder);
+    return 0;
 }

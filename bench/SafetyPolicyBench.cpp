@@ -1,9 +1,9 @@
 // How many verdicts a second one core gives, on paths that need no look at running applications.
 
-#include "junk/JunkCatalogue.h"
 #include "platform/BundleReader.h"
 #include "platform/RunningApplications.h"
 #include "safety/SafetyPolicy.h"
+#include "tables/SystemTables.h"
 
 #include <array>
 #include <benchmark/benchmark.h>
@@ -42,7 +42,8 @@ const std::array<std::string, 12> paths = {
 void verdicts(benchmark::State& state) {
     const NoBundles bundles;
     const NothingRunning running;
-    const SafetyPolicy policy("/Users/someone", junkCatalogue(), bundles, running);
+    const SafetyPolicy policy("/Users/someone", macosTables().safety, macosTables().junk.rules, bundles,
+                              running);
     std::int64_t given = 0;
     for (auto _ : state) {
         for (const std::string& path : paths)
@@ -56,7 +57,8 @@ BENCHMARK(verdicts);
 void verdictOn(benchmark::State& state) {
     const NoBundles bundles;
     const NothingRunning running;
-    const SafetyPolicy policy("/Users/someone", junkCatalogue(), bundles, running);
+    const SafetyPolicy policy("/Users/someone", macosTables().safety, macosTables().junk.rules, bundles,
+                              running);
     const std::string& path = paths[static_cast<std::size_t>(state.range(0))];
     for (auto _ : state)
         benchmark::DoNotOptimize(policy.verdict(path));

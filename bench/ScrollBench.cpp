@@ -4,11 +4,11 @@
 #include "support/SyntheticTree.h"
 #include "support/TestWindow.h"
 #include "support/Timing.h"
+#include "tables/SystemTables.h"
 #include "views/JunkModel.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <QQuickItem>
 #include <QWheelEvent>
@@ -23,12 +23,6 @@ constexpr int frameCount = 200;
 constexpr int pixelsAFrame = 700;
 constexpr double frameLimit = 16.7; ///< milliseconds at the 95th percentile: 60 pictures a second
 
-double processorMilliseconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
-
 double percentile(std::vector<double>& values, std::size_t percent) {
     std::ranges::sort(values);
     return values[std::min(values.size() - 1, values.size() * percent / 100)];
@@ -41,13 +35,13 @@ int report(const char* what, QQuickWindow& window, const std::function<void()>& 
     std::vector<double> work; // of the main thread, which also renders; other programs don't lengthen it
     for (int i = 0; i < frameCount; ++i) {
         QImage after;
-        const double workBefore = processorMilliseconds();
+        const double workBefore = test::processorMilliseconds();
         frames.push_back(test::milliseconds([&] {
             scroll();
             QCoreApplication::processEvents();
             after = window.grabWindow();
         }));
-        work.push_back(processorMilliseconds() - workBefore);
+        work.push_back(test::processorMilliseconds() - workBefore);
         if (after == before)
             qFatal("The list doesn't scroll");
         before = after;
@@ -100,7 +94,7 @@ int reportJunk() {
     test::TestApp app;
     app.junkSearch = [] {
         std::vector<JunkFinding> junk;
-        for (const JunkRule& rule : junkCatalogue().first(ruleCount))
+        for (const JunkRule& rule : macosTables().junk.rules.first(ruleCount))
             junk.push_back(test::longFinding(rule.id, itemsOfRule));
         return junk;
     };
@@ -124,7 +118,8 @@ int reportSheet() {
     std::vector<PlanItem> items;
     for (const JunkItem& item : test::longFinding("user-caches", 40'000).items)
         items.push_back({item.path, "item", item.size, Removal::trash, {Risk::safe, "because"}});
-    app.state().setPlan(DeletionPlan{Uuid::random(), "Clean Junk", items});
+    app.state().proposePlan(items, "Clean Junk");
+    test::eventually([&] { return app.state().plan() != nullptr; });
     return reportList("confirmation sheet, 40,000 rows", window, "Items of the plan");
 }
 

@@ -1,4 +1,4 @@
-# Language level, warnings, sanitizers and the compiler cache: what every target of the project shares.
+# Language level, warnings, sanitizers, the compiler cache and the fast linker: what every target of the project shares.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -11,7 +11,16 @@ if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+find_program(MOLD mold)
+if(MOLD)
+    add_link_options(-fuse-ld=mold)
+endif()
+
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wimplicit-fallthrough)
+# GCC 12, optimizing, takes any text that is put before a std::string for one that overlaps it.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    add_compile_options("$<$<CONFIG:Release,RelWithDebInfo>:-Wno-restrict>")
+endif()
 if(BRIMLET_WERROR)
     add_compile_options(-Werror)
 endif()

@@ -1,6 +1,7 @@
 // What the application asks of the world around it, handed over in one piece at creation.
 #pragma once
 
+#include "app/Removals.h"
 #include "app/StageClock.h"
 #include "core/Scanner.h"
 #include "junk/JunkFinder.h"
@@ -9,13 +10,13 @@
 #include "platform/PreferencesStore.h"
 #include "platform/SystemOpener.h"
 #include "platform/Volumes.h"
-#include "safety/DeletionExecutor.h"
-#include "safety/DeletionHistory.h"
-#include "safety/DeletionRecords.h"
-#include "safety/SafetyPolicy.h"
+#include "safety/ItemReview.h"
+#include "safety/PathJudge.h"
+#include "tables/SystemTables.h"
 
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -28,24 +29,23 @@ using ScanWalk = std::function<std::shared_ptr<ScanResult>(Scanner& scanner, con
                                                            const Scanner::Progress& progress)>;
 
 /// Searches the disk for all junk on the calling thread, as JunkFinder::scan does.
-using JunkSearch = std::function<std::vector<JunkFinding>()>;
-
-/// Carries requests out on the calling thread, as DeletionExecutor::execute does.
-using DeletionRun = std::function<ExecutedRun(const std::vector<DeletionRequest>&)>;
+using JunkSearch = std::function<std::vector<JunkFinding>(const std::stop_token&)>;
 
 /// All references outlive the AppState that is given them.
 struct AppServices {
+    const SystemTables& system;
     std::string homeFolder; ///< absolute, without a trailing slash
     const Volumes& volumes;
     const AccessProbe& accessProbe;
     SystemOpener& opener;
     PreferencesStore& preferences;
     Panels& panels;
-    const SafetyPolicy& policy; ///< for what is shown and planned; `deletionRun` asks its own
+    PathJudge judge;          ///< for what is shown; `review` and `deletionRun` ask their own
+    const ItemReview& review; ///< for what is planned
     StageClock& clock;
     JunkSearch junkSearch;
     DeletionRun deletionRun;
-    DeletionHistory& history;
+    HistoryOpening openHistory;
     ScanWalk scanWalk = [](Scanner& scanner, const auto& rootPath, const auto& excluded,
                            const auto& progress) { return scanner.scan(rootPath, excluded, progress); };
 };

@@ -3,7 +3,6 @@
 #include "app/EngineSingleton.h"
 #include "app/Exclusions.h"
 #include "core/Paths.h"
-#include "junk/JunkCatalogue.h"
 
 namespace brimlet {
 
@@ -11,12 +10,18 @@ AppState::AppState(AppServices services, QObject* parent)
     : QObject(parent)
     , m_services(std::move(services))
     , m_preferences(m_services.preferences)
+    , m_removals(m_services.deletionRun, m_services.openHistory)
+    , m_proposals(m_work)
+    , m_junkSearch(m_work, m_services.junkSearch, junkOwner())
     , m_volume(m_services.volumes.volumeInfo("/"))
-    , m_smartSelection(defaultSelection(junkCatalogue()))
+    , m_smartSelection(defaultSelection(m_services.system.junk.rules))
     , m_excludedRaw(m_preferences.excludedPaths())
     , m_permanentDelete(m_preferences.permanentDelete())
     , m_background(std::make_unique<BackgroundServices>(m_services.volumes, m_services.preferences))
     , m_accessOnboardingSkipped(m_preferences.accessOnboardingSkipped()) {
+    connect(&m_removals, &Removals::historyChanged, this, &AppState::historyChanged);
+    connect(&m_removals, &Removals::finished, this, &AppState::quitReady);
+    connect(&m_proposals, &PlanProposals::changed, this, &AppState::planChanged);
     m_hasFullDiskAccess = m_services.accessProbe.hasFullDiskAccess();
     m_section = sectionFromRaw(m_preferences.initialSection()).value_or(AppSection::smartClean);
     const std::string autoScan = m_preferences.autoScan();
@@ -27,6 +32,10 @@ AppState::AppState(AppServices services, QObject* parent)
 }
 
 AppState::~AppState() {
+    blockSignals(true);
+    m_removals.finish();
+    m_proposals.cancel();
+    m_junkSearch.cancel();
     dropScanner();
 }
 
@@ -73,7 +82,10 @@ void AppState::setExcludedRaw(const std::string& raw) {
 }
 
 void AppState::excludeFolder(const std::string& folder) {
-    setExcludedRaw(withExcludedPath(m_excludedRaw, folder));
+    if (canBeExcluded(folder))
+        setExcludedRaw(withExcludedPath(m_excludedRaw, folder));
+    else
+        say(tr("This folder can’t be excluded: its path has a line break in it."));
 }
 
 void AppState::includeFolderAgain(std::size_t position) {

@@ -9,8 +9,12 @@
 #include "app/AppServices.h"
 #include "app/BackgroundServices.h"
 #include "app/BackgroundWork.h"
+#include "app/PlanProposals.h"
 #include "app/Preferences.h"
+#include "app/Removals.h"
+#include "app/SearchedList.h"
 #include "app/Toast.h"
+#include "app/TreeUpdates.h"
 #include "core/FileFilter.h"
 #include "core/ScanResult.h"
 #include "junk/JunkFinder.h"
@@ -20,6 +24,7 @@
 #include "safety/DeletionPlanning.h"
 #include "safety/DeletionRecords.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -52,6 +57,7 @@ class AppState : public QObject {
     Q_PROPERTY(bool hasScan READ hasScan NOTIFY scanChanged)
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
     Q_PROPERTY(bool hasPlan READ hasPlan NOTIFY planChanged)
+    Q_PROPERTY(bool isFinishing READ isFinishing NOTIFY isFinishingChanged)
     Q_PROPERTY(bool hasFullDiskAccess READ hasFullDiskAccess NOTIFY hasFullDiskAccessChanged)
     Q_PROPERTY(
         bool permanentDelete READ permanentDelete WRITE setPermanentDelete NOTIFY permanentDeleteChanged)
@@ -103,8 +109,10 @@ public:
     Q_INVOKABLE void rescan() { startScan(); }
     Q_INVOKABLE void chooseFolderToScan();
 
-    /// Marks what is gone from the disk everywhere. `paths` are node paths; an empty set does nothing.
-    void removeDeleted(const std::unordered_set<std::string>& paths);
+    /// Marks what is gone from the disk everywhere. An empty set does nothing.
+    /// paths  node paths
+    /// then   called when tree and lists are right
+    void removeDeleted(const TreeUpdates::Paths& paths, std::function<void()> then);
 
     // Full Disk Access
     bool hasFullDiskAccess() const { return m_hasFullDiskAccess; }
@@ -116,37 +124,59 @@ public:
     Q_INVOKABLE void closeAccessOnboarding();
 
     // Removal
-    SafetyVerdict verdict(std::string_view path) const { return m_services.policy.verdict(path); }
-    const SafetyPolicy& policy() const { return m_services.policy; }
-    const std::optional<DeletionPlan>& plan() const { return m_plan; }
-    bool hasPlan() const { return m_plan.has_value(); }
-    void setPlan(std::optional<DeletionPlan> plan);
+    SafetyVerdict verdict(std::string_view path) const { return m_services.judge(path); }
+    const ItemReview& review() const { return m_services.review; } ///< any thread; blocks on the disk
     const std::optional<Toast>& toast() const { return m_toast; }
     void setToast(std::optional<Toast> toast);
-    const std::vector<DeletionFailure>& failures() const { return m_failures; }
-    void setFailures(std::vector<DeletionFailure> failures);
+    const std::vector<DeletionFailure>& failures() const { return *m_failures; }
 
-    /// Publishes a plan of the items that lie in no other item; does nothing without items.
-    void proposePlan(const std::vector<PlanItem>& items, std::string_view title);
+    /// What the confirmation sheet is about; without a plan while that is put together and judged.
+    const std::optional<Proposal>& proposal() const { return m_proposals.current(); }
+    const DeletionPlan* plan() const; ///< null until it has been judged
+    bool hasPlan() const { return proposal().has_value(); }
+
+    /// Opens the sheet, and publishes a plan of the items that lie in no other item as soon as all are
+    /// judged. Does nothing without items.
+    void proposePlan(PlanDraft draft) { m_proposals.propose(std::move(draft)); }
+    void proposePlan(std::vector<PlanItem> items, std::string title); ///< of items that are judged already
+    void cancelPlan() { m_proposals.cancel(); }
 
     /// Closes the plan and removes what it holds; what is protected, or wants a look and was not accepted,
     /// stays.
-    void executePlan(const DeletionPlan& plan, ReviewItems review);
+    void executePlan(std::shared_ptr<const DeletionPlan> plan, ReviewItems review);
 
-    /// Removes in the background, then brings history, tree, lists, volume and, unless quiet, the notice up
-    /// to date. then  called after all that; may be empty
-    void runDeletion(std::vector<DeletionRequest> requests, RunNotice notice,
-                     std::function<void(const DeletionReport&)> then);
+    /// Removes in the background, after what was asked for before, then brings history, tree, lists, volume
+    /// and, unless quiet, the notice up to date.
+    /// requests  put together in the background
+    /// then      called after all that; may be empty
+    void runDeletion(std::function<std::vector<DeletionRequest>()> requests, RunNotice notice,
+                     std::function<void(const FinishedRemovalPtr&)> then);
 
-    const DeletionHistory& history() const { return m_services.history; }
+    /// Newest first; empty until the file has been read.
+    const std::vector<HistoryEntry>& history() const { return m_removals.history(); }
+    const Removals& removals() const { return m_removals; }
+
+    /// Finds out anew which entries can be restored, as `removals` tells.
+    Q_INVOKABLE void lookForRestorable() { m_removals.lookForRestorable(); }
 
     /// Puts entries back where they were, as far as that is possible, and says how many.
-    void restoreEntries(const std::vector<HistoryEntry>& entries);
+    void restoreEntries(std::shared_ptr<const std::vector<HistoryEntry>> entries);
 
     /// Puts one entry back. What can't be is left as it was, without a word.
     void restoreEntry(const HistoryEntry& entry);
 
-    Q_INVOKABLE void clearHistory();
+    Q_INVOKABLE void clearHistory() { m_removals.clearHistory(); }
+
+    // The end
+    bool isFinishing() const { return m_isFinishing; }
+
+    /// Asked before the last window closes. While a removal or a restore is at work the answer is no: it ends
+    /// with the item at hand, and `quitReady` follows. Nothing more is removed either way.
+    Q_INVOKABLE bool readyToQuit();
+
+    /// Ends all that can be ended, and waits a moment for the rest. What hangs still runs afterwards, so the
+    /// process may end now but nothing may be destroyed.
+    void endWork(std::chrono::milliseconds patience);
 
     /// Runs what outlives the screen that began it. `work` owns all that it touches; it is waited for at the
     /// end of the application.
@@ -154,20 +184,19 @@ public:
 
     // Junk and Quick Clean
     const std::vector<JunkFinding>& junk() const { return m_junk; } ///< a finding may have lost all its items
-    bool junkLoading() const { return m_junkLoading; }
+    bool junkLoading() const { return m_junkSearch.isLoading(); }
     SmartPhase smartPhase() const { return m_smartPhase; }
     void setSmartPhase(SmartPhase phase);
     QString smartPhaseRaw() const;
     void setSmartPhaseRaw(const QString& raw); ///< a text that names no phase is ignored
     const RuleSelection& smartSelection() const { return m_smartSelection; }
     std::int64_t smartSelectedSize() const { return selectedSize(m_junk, m_smartSelection); }
-    const std::optional<DeletionReport>& lastReport() const { return m_lastReport; } ///< of Quick Clean
+    const DeletionReport* lastReport() const {
+        return m_lastRun ? &m_lastRun->report : nullptr;
+    } ///< of Quick Clean
 
-    /// Searches for junk in the background and publishes what is found. A second call replaces a search that
-    /// still runs.
-    /// then  called once the list is current; may be empty
-    Q_INVOKABLE void loadJunk() { loadJunk({}); }
-    void loadJunk(std::function<void()> then);
+    /// Searches for junk in the background and publishes what is found, as SearchedList tells.
+    Q_INVOKABLE void loadJunk() { m_junkSearch.load(); }
 
     /// From `scanning`, which the caller has set, to `review`; takes at least 1.6 seconds.
     Q_INVOKABLE void startSmartScan();
@@ -185,7 +214,8 @@ public:
     Preferences& preferences() { return m_preferences; }
     const std::string& excludedRaw() const { return m_excludedRaw; }
     void setExcludedRaw(const std::string& raw);
-    void excludeFolder(const std::string& folder); ///< a node path or a plain one; counts from the next scan
+    /// A node path or a plain one; counts from the next scan. What can't be excluded is told in a notice.
+    void excludeFolder(const std::string& folder);
     void includeFolderAgain(std::size_t position); ///< by its place in the list
     bool permanentDelete() const { return m_permanentDelete; }
     void setPermanentDelete(bool on);
@@ -193,6 +223,7 @@ public:
     BackgroundServices& background() { return *m_background; }
     SystemOpener& opener() { return m_services.opener; }
     Panels& panels() { return m_services.panels; }
+    const SystemTables& system() const { return m_services.system; }
     const std::string& homeFolder() const { return m_services.homeFolder; }
 
 signals:
@@ -208,6 +239,8 @@ signals:
     void hasFullDiskAccessChanged();
     void showAccessOnboardingChanged();
     void planChanged();
+    void isFinishingChanged();
+    void quitReady(); ///< after readyToQuit has said no: now nothing is at work
     void toastChanged();
     void failuresChanged();
     void historyChanged();
@@ -233,14 +266,21 @@ private:
     void beginWalk();
     void finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_ptr<ScanResult> result);
     void raiseRevision();
-    void finishDeletion(const ExecutedRun& run, RunNotice notice);
-    void finishJunkLoad(int load, std::vector<JunkFinding> found);
+    void say(const QString& sentence);
+    void tell(const FinishedRemovalPtr& outcome);
+    void addRestored(const TreeUpdates::Paths& paths, std::function<void()> then);
+    void publishTree();
+    SearchedList<std::vector<JunkFinding>>::Owner junkOwner();
     void removeDeletedJunk(const std::unordered_set<std::string>& paths);
-    void finishSmartClean(const DeletionReport& report);
+    void finishSmartClean(const FinishedRemovalPtr& outcome);
     void callAtEarliest(StageClock::Time earliest, std::function<void()> action);
 
     AppServices m_services;
     Preferences m_preferences;
+    Removals m_removals;
+    PlanProposals m_proposals;
+    TreeUpdates m_treeUpdates;
+    SearchedList<std::vector<JunkFinding>> m_junkSearch;
     AppSection m_section = AppSection::smartClean;
     ScanTarget m_scanTarget = ScanTarget::wholeDisk();
     bool m_isScanning = false;
@@ -251,25 +291,23 @@ private:
     std::vector<FileNode*> m_explorerStack;
     FileFilter m_largeFilter;
     std::shared_ptr<Scanner> m_scanner; // the running scan's; null when none runs
-    std::optional<DeletionPlan> m_plan;
+    std::unordered_set<std::string> m_deletedWhileScanning;
     std::optional<Toast> m_toast;
-    std::vector<DeletionFailure> m_failures;
+    std::shared_ptr<const std::vector<DeletionFailure>> m_failures =
+        std::make_shared<const std::vector<DeletionFailure>>();
+    bool m_isFinishing = false;
     std::vector<JunkFinding> m_junk;
-    bool m_junkLoading = false;
-    int m_junkLoad = 0; // the newest search
-    std::vector<std::function<void()>> m_afterJunkLoad;
-    std::unordered_set<std::string> m_deletedWhileJunkLoads;
     SmartPhase m_smartPhase = SmartPhase::idle;
     RuleSelection m_smartSelection;
-    int m_smartRun = 0; // the newest scan of Quick Clean
-    std::optional<DeletionReport> m_lastReport;
+    int m_smartRun = 0;           // the newest scan of Quick Clean
+    FinishedRemovalPtr m_lastRun; // of Quick Clean
     std::string m_excludedRaw;
     bool m_permanentDelete = false;
     bool m_hasFullDiskAccess = false;
     bool m_showAccessOnboarding = false;
     std::unique_ptr<BackgroundServices> m_background;
     bool m_accessOnboardingSkipped = false;
-    BackgroundWork m_work;
+    BackgroundWork m_work; // Goes first: what runs hands back to the members above.
 };
 
 } // namespace brimlet

@@ -7,99 +7,140 @@
 
 namespace brimlet {
 
-void AppState::setPlan(std::optional<DeletionPlan> plan) {
-    change(m_plan, std::move(plan), &AppState::planChanged);
+namespace {
+
+Toast toastOf(DeletionNotice said) {
+    Toast toast;
+    toast.message = std::move(said.message);
+    if (!said.detail.empty())
+        toast.detail = std::move(said.detail);
+    return toast;
 }
+
+} // namespace
 
 void AppState::setToast(std::optional<Toast> toast) {
     change(m_toast, std::move(toast), &AppState::toastChanged);
 }
 
-void AppState::setFailures(std::vector<DeletionFailure> failures) {
-    change(m_failures, std::move(failures), &AppState::failuresChanged);
+void AppState::say(const QString& sentence) {
+    setToast(toastOf({sentence.toStdString(), {}}));
 }
 
-void AppState::proposePlan(const std::vector<PlanItem>& items, std::string_view title) {
-    if (auto plan = planOf(items, title))
-        setPlan(std::move(plan));
+const DeletionPlan* AppState::plan() const {
+    const auto& proposal = m_proposals.current();
+    return proposal && proposal->judged ? &proposal->judged->plan : nullptr;
 }
 
-void AppState::executePlan(const DeletionPlan& plan, ReviewItems review) {
-    std::vector<DeletionRequest> requests = requestsOf(
-        plan, review, m_permanentDelete ? RemovalPreference::permanent : RemovalPreference::asPlanned);
-    setPlan(std::nullopt);
-    runDeletion(std::move(requests), RunNotice::shown, {});
+void AppState::proposePlan(std::vector<PlanItem> items, std::string title) {
+    PlanDraft draft{std::move(title), static_cast<std::int64_t>(items.size()), 0, {}};
+    for (const PlanItem& item : items)
+        draft.size += item.size;
+    draft.items = [items = std::move(items)](const std::stop_token&) { return items; };
+    m_proposals.propose(std::move(draft));
 }
 
-void AppState::runDeletion(std::vector<DeletionRequest> requests, RunNotice notice,
-                           std::function<void(const DeletionReport&)> then) {
-    m_work.run([run = m_services.deletionRun, requests = std::move(requests)] { return run(requests); },
-               [this, notice, then = std::move(then)](const ExecutedRun& run) {
-                   finishDeletion(run, notice);
-                   if (then)
-                       then(run.report);
-               });
+void AppState::executePlan(std::shared_ptr<const DeletionPlan> plan, ReviewItems review) {
+    const auto preference = m_permanentDelete ? RemovalPreference::permanent : RemovalPreference::asPlanned;
+    m_proposals.cancel();
+    runDeletion(
+        [plan = std::move(plan), review, preference] { return requestsOf(*plan, review, preference); },
+        RunNotice::shown, {});
 }
 
-/// The tree and the totals are right before the notice shows.
-void AppState::finishDeletion(const ExecutedRun& run, RunNotice notice) {
-    const DeletionReport& report = run.report;
-    m_services.history.record(run);
-    if (!run.entries.empty())
-        emit historyChanged();
-    removeDeleted({report.deletedPaths.begin(), report.deletedPaths.end()});
-    change(m_volume, m_services.volumes.volumeInfo("/"), &AppState::volumeChanged);
-    if (notice == RunNotice::quiet)
-        return;
-    const DeletionNotice said = noticeOf(report);
-    Toast toast;
-    toast.message = said.message;
-    if (!said.detail.empty())
-        toast.detail = said.detail;
-    toast.undoable = undoableOf(run.entries);
+void AppState::runDeletion(std::function<std::vector<DeletionRequest>()> requests, RunNotice notice,
+                           std::function<void(const FinishedRemovalPtr&)> then) {
+    m_removals.remove(std::move(requests),
+                      [this, notice, then = std::move(then)](const FinishedRemovalPtr& outcome) {
+                          // The tree and the totals are right before the notice shows.
+                          removeDeleted({outcome, &outcome->gone}, [this, outcome, notice, then] {
+                              change(m_volume, m_services.volumes.volumeInfo("/"), &AppState::volumeChanged);
+                              if (notice == RunNotice::shown)
+                                  tell(outcome);
+                              if (then)
+                                  then(outcome);
+                          });
+                      });
+}
+
+void AppState::tell(const FinishedRemovalPtr& outcome) {
+    Toast toast = toastOf(noticeOf(outcome->report));
+    if (!outcome->undoable.empty())
+        toast.undoable = {outcome, &outcome->undoable};
     setToast(std::move(toast));
-    std::vector<DeletionFailure> failures = report.failures;
-    failures.insert(failures.end(), report.skippedProtected.begin(), report.skippedProtected.end());
-    setFailures(std::move(failures));
+    m_failures = {outcome, &outcome->failures};
+    emit failuresChanged();
 }
 
-void AppState::restoreEntries(const std::vector<HistoryEntry>& entries) {
-    int restored = 0;
-    for (const HistoryEntry& entry : entries)
-        restored += m_services.history.restoreIfPossible(entry) ? 0 : 1;
-    const DeletionNotice said = restoreNotice(restored);
-    Toast toast;
-    toast.message = said.message;
-    toast.detail = said.detail;
-    emit historyChanged();
-    setToast(std::move(toast));
-    change(m_volume, m_services.volumes.volumeInfo("/"), &AppState::volumeChanged);
+void AppState::restoreEntries(std::shared_ptr<const std::vector<HistoryEntry>> entries) {
+    m_removals.restore(std::move(entries), [this](const PutBackPtr& outcome) {
+        addRestored({outcome, &outcome->paths}, [this, outcome] {
+            setToast(toastOf(restoreNotice(static_cast<int>(outcome->paths.size()))));
+        });
+    });
 }
 
 void AppState::restoreEntry(const HistoryEntry& entry) {
-    m_services.history.restore(entry);
-    emit historyChanged();
+    m_removals.restore(std::make_shared<const std::vector<HistoryEntry>>(1, entry),
+                       [this](const PutBackPtr& outcome) {
+                           addRestored({outcome, &outcome->paths}, [] {});
+                       });
 }
 
-void AppState::clearHistory() {
-    m_services.history.clear();
-    emit historyChanged();
-}
-
-void AppState::removeDeleted(const std::unordered_set<std::string>& paths) {
-    if (paths.empty())
+void AppState::removeDeleted(const TreeUpdates::Paths& paths, std::function<void()> then) {
+    if (paths->empty()) {
+        then();
         return;
+    }
+    if (m_scanner)
+        m_deletedWhileScanning.insert(paths->begin(), paths->end());
+    removeDeletedJunk(*paths);
+    m_treeUpdates.markDeleted(m_scan, paths, [this, then = std::move(then)] {
+        publishTree();
+        then();
+    });
+}
+
+void AppState::addRestored(const TreeUpdates::Paths& paths, std::function<void()> then) {
+    m_junkSearch.restored(*paths);
+    for (const std::string& path : *paths)
+        m_deletedWhileScanning.erase(path);
+    change(m_volume, m_services.volumes.volumeInfo("/"), &AppState::volumeChanged);
+    if (paths->empty()) {
+        then();
+        return;
+    }
+    m_treeUpdates.markRestored(m_scan, paths, [this, then = std::move(then)] {
+        publishTree();
+        then();
+    });
+}
+
+/// Whoever stood in a folder that is gone stands in the nearest one that is left.
+void AppState::publishTree() {
     if (m_scan) {
-        m_scan->markDeleted(paths);
         emit scanChanged();
-        // Whoever stood in a folder that is gone stands in the nearest one that is left.
         const auto gone =
             std::ranges::find_if(m_explorerStack, [](const FileNode* node) { return node->deleted; });
         if (gone != m_explorerStack.begin())
             setExplorerStack({m_explorerStack.begin(), gone});
     }
-    removeDeletedJunk(paths);
     raiseRevision();
+}
+
+bool AppState::readyToQuit() {
+    if (m_removals.finish())
+        return true;
+    change(m_isFinishing, true, &AppState::isFinishingChanged);
+    return false;
+}
+
+void AppState::endWork(std::chrono::milliseconds patience) {
+    m_removals.finish();
+    m_proposals.cancel();
+    m_junkSearch.cancel();
+    cancelScan();
+    m_work.waitFor(patience);
 }
 
 } // namespace brimlet

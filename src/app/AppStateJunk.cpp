@@ -24,32 +24,22 @@ void eraseItems(std::vector<JunkFinding>& junk, const std::unordered_set<std::st
 
 } // namespace
 
-void AppState::loadJunk(std::function<void()> then) {
-    if (then)
-        m_afterJunkLoad.push_back(std::move(then));
-    const int load = ++m_junkLoad;
-    m_deletedWhileJunkLoads.clear();
-    change(m_junkLoading, true, &AppState::junkLoadingChanged);
-    m_work.run(m_services.junkSearch,
-               [this, load](std::vector<JunkFinding> found) { finishJunkLoad(load, std::move(found)); });
-}
-
-/// Only the newest load counts: an older one may have seen what has been removed since.
-void AppState::finishJunkLoad(int load, std::vector<JunkFinding> found) {
-    if (load != m_junkLoad)
-        return;
-    eraseItems(found, m_deletedWhileJunkLoads);
-    std::erase_if(found, [](const JunkFinding& finding) { return finding.items.empty(); });
-    m_junk = std::move(found);
-    emit junkChanged();
-    change(m_junkLoading, false, &AppState::junkLoadingChanged);
-    for (const std::function<void()>& then : std::exchange(m_afterJunkLoad, {}))
-        then();
+SearchedList<std::vector<JunkFinding>>::Owner AppState::junkOwner() {
+    return {.publish =
+                [this](std::vector<JunkFinding> found) {
+                    m_junk = std::move(found);
+                    emit junkChanged();
+                },
+            .loadingChanged = [this] { emit junkLoadingChanged(); },
+            .leaveOut =
+                [](std::vector<JunkFinding>& found, const std::unordered_set<std::string>& gone) {
+                    eraseItems(found, gone);
+                    std::erase_if(found, [](const JunkFinding& finding) { return finding.items.empty(); });
+                }};
 }
 
 void AppState::removeDeletedJunk(const std::unordered_set<std::string>& paths) {
-    if (m_junkLoading)
-        m_deletedWhileJunkLoads.insert(paths.begin(), paths.end());
+    m_junkSearch.deleted(paths);
     if (m_junk.empty())
         return;
     eraseItems(m_junk, paths);
@@ -91,7 +81,7 @@ void AppState::callAtEarliest(StageClock::Time earliest, std::function<void()> a
 void AppState::startSmartScan() {
     const int run = ++m_smartRun;
     const StageClock::Time earliest = m_services.clock.now() + shortestScanning;
-    loadJunk([this, run, earliest] {
+    m_junkSearch.load([this, run, earliest] {
         callAtEarliest(earliest, [this, run] {
             if (run == m_smartRun && m_smartPhase == SmartPhase::scanning)
                 setSmartPhase(SmartPhase::review);
@@ -107,13 +97,14 @@ void AppState::startSmartClean() {
         return;
     setSmartPhase(SmartPhase::cleaning);
     const StageClock::Time earliest = m_services.clock.now() + shortestCleaning;
-    runDeletion(std::move(requests), RunNotice::shown, [this, earliest](const DeletionReport& report) {
-        callAtEarliest(earliest, [this, report] { finishSmartClean(report); });
-    });
+    runDeletion([requests = std::move(requests)] { return requests; }, RunNotice::shown,
+                [this, earliest](const FinishedRemovalPtr& outcome) {
+                    callAtEarliest(earliest, [this, outcome] { finishSmartClean(outcome); });
+                });
 }
 
-void AppState::finishSmartClean(const DeletionReport& report) {
-    m_lastReport = report;
+void AppState::finishSmartClean(const FinishedRemovalPtr& outcome) {
+    m_lastRun = outcome;
     emit lastReportChanged();
     if (m_smartPhase == SmartPhase::cleaning)
         setSmartPhase(SmartPhase::done);
@@ -121,10 +112,13 @@ void AppState::finishSmartClean(const DeletionReport& report) {
 }
 
 void AppState::proposeJunkPlan(std::vector<ChosenJunk> chosen) {
-    const auto title = tr("Clean Junk").toStdString();
-    m_work.run(
-        [chosen = std::move(chosen), &policy = m_services.policy] { return planItems(chosen, policy); },
-        [this, title](const std::vector<PlanItem>& items) { proposePlan(items, title); });
+    PlanDraft draft{tr("Clean Junk").toStdString(), static_cast<std::int64_t>(chosen.size()), 0, {}};
+    for (const ChosenJunk& one : chosen)
+        draft.size += one.item.size;
+    draft.items = [chosen = std::move(chosen), &review = m_services.review](const std::stop_token&) {
+        return planItems(chosen, review);
+    };
+    proposePlan(std::move(draft));
 }
 
 } // namespace brimlet

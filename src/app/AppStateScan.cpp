@@ -3,6 +3,7 @@
 
 #include "app/Exclusions.h"
 #include "core/Paths.h"
+#include "platform/HomeFolder.h"
 
 #include <utility>
 
@@ -29,7 +30,8 @@ void AppState::startScan(std::optional<ScanTarget> target) {
         return;
     }
     dropScanner();
-    m_scanner = std::make_shared<Scanner>();
+    m_scanner = std::make_shared<Scanner>(m_services.system.folders);
+    m_deletedWhileScanning.clear();
     change(m_isScanning, true, &AppState::isScanningChanged);
     change(m_progress, {}, &AppState::progressChanged);
     probeFullDiskAccess();
@@ -47,9 +49,12 @@ void AppState::beginWalk() {
             });
     };
     m_work.run(
-        [scanner, walk = m_services.scanWalk, path = m_scanTarget.path(m_services.homeFolder),
-         excluded = excludedSet(m_excludedRaw),
-         progress] { return walk(*scanner, path, excluded, progress); },
+        [scanner, walk = m_services.scanWalk, target = m_scanTarget, home = m_services.homeFolder,
+         excluded = excludedSet(m_excludedRaw), progress] {
+            // A home folder may itself be a link, which no walk follows.
+            const std::string path = target.path(home);
+            return walk(*scanner, target.isHome() ? pathWithoutLinks(path) : path, excluded, progress);
+        },
         [this, scanner](std::shared_ptr<ScanResult> result) { finishWalk(scanner, std::move(result)); });
 }
 
@@ -65,6 +70,13 @@ void AppState::finishWalk(const std::shared_ptr<Scanner>& scanner, std::shared_p
         emit scanChanged();
         emit explorerStackChanged();
         raiseRevision();
+        if (!m_deletedWhileScanning.empty())
+            removeDeleted(std::make_shared<const std::unordered_set<std::string>>(
+                              std::exchange(m_deletedWhileScanning, {})),
+                          [] {});
+    } else {
+        say(tr("“%1” couldn’t be scanned. It may be gone, or Brimlet isn’t allowed to open it.")
+                .arg(scanTargetLabel()));
     }
     change(m_volume, m_services.volumes.volumeInfo("/"), &AppState::volumeChanged);
 }

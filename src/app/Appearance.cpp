@@ -36,14 +36,16 @@ QVariant unwrapped(QVariant value) {
 
 Appearance::Appearance(std::optional<ColorScheme> fixed, QObject* parent)
     : QObject(parent)
-    , m_fixed(fixed)
-    , m_textScale(std::clamp(QFontInfo(QGuiApplication::font()).pointSizeF() / usualPointSize, 1.0, 2.0)) {
+    , m_fixed(fixed) {
     askPortal();
     qGuiApp->installEventFilter(this);
+    connect(qGuiApp, &QGuiApplication::layoutDirectionChanged, this, &Appearance::changed);
 }
 
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+    const bool looks =
+        event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::ApplicationFontChange;
+    if (watched == qGuiApp && looks)
         emit changed();
     return QObject::eventFilter(watched, event);
 }
@@ -59,6 +61,10 @@ bool Appearance::dark() const {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
+bool Appearance::rightToLeft() const {
+    return QGuiApplication::isRightToLeft();
+}
+
 void Appearance::fixColorScheme(std::optional<ColorScheme> fixed) {
     m_fixed = fixed;
     emit changed();
@@ -69,6 +75,16 @@ void Appearance::setReducedMotion(bool reduced) {
     emit changed();
 }
 
+void Appearance::fixTextScale(std::optional<double> fixed) {
+    m_fixedTextScale = fixed;
+    emit changed();
+}
+
+double Appearance::textScale() const {
+    const double font = QFontInfo(QGuiApplication::font()).pointSizeF() / usualPointSize;
+    return std::clamp(m_fixedTextScale.value_or(font * m_textFactor), 1.0, 2.0);
+}
+
 void Appearance::askPortal() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -76,7 +92,8 @@ void Appearance::askPortal() {
     bus.connect(QString(), portalPath, portalInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(portalSettingChanged(QString, QString, QDBusVariant)));
     const std::pair<const char*, const char*> settings[] = {{appearanceSpace, "color-scheme"},
-                                                            {desktopSpace, "enable-animations"}};
+                                                            {desktopSpace, "enable-animations"},
+                                                            {desktopSpace, "text-scaling-factor"}};
     for (const auto& [space, key] : settings) {
         QDBusMessage read = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface,
                                                            QStringLiteral("Read"));
@@ -105,6 +122,10 @@ void Appearance::applyPortalValue(const QString& space, const QString& key, cons
         emit changed();
     } else if (space == QLatin1String(desktopSpace) && key == QLatin1String("enable-animations")) {
         setReducedMotion(!plain.toBool());
+    } else if (space == QLatin1String(desktopSpace) && key == QLatin1String("text-scaling-factor")) {
+        const double factor = plain.toDouble();
+        m_textFactor = factor > 0 ? factor : 1;
+        emit changed();
     }
 }
 

@@ -35,9 +35,13 @@ std::unordered_set<std::string> excludedSet(std::string_view raw) {
     return set;
 }
 
+bool canBeExcluded(std::string_view folder) {
+    return !folder.empty() && folder.find('\n') == std::string_view::npos;
+}
+
 std::string withExcludedPath(std::string_view raw, std::string_view folder) {
     std::vector<std::string> paths = excludedPaths(raw);
-    if (!folder.empty() && folder.find('\n') == std::string_view::npos)
+    if (canBeExcluded(folder))
         paths.emplace_back(normalisedPath(folder));
     return joined(paths);
 }

@@ -15,7 +15,10 @@ std::vector<std::string> excludedPaths(std::string_view raw);
 /// What a scan compares against.
 std::unordered_set<std::string> excludedSet(std::string_view raw);
 
-/// The list with a folder's normalised path at its end. A path with a line feed changes nothing.
+/// Whether a path can stand in the list.
+bool canBeExcluded(std::string_view folder);
+
+/// The list with a folder's normalised path at its end. A path that can't stand there changes nothing.
 std::string withExcludedPath(std::string_view raw, std::string_view folder);
 
 /// The list without the path at a position; the same list where there is none.

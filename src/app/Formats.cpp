@@ -12,6 +12,13 @@ namespace {
 
 constexpr double lastUnknownSecond = 86'400;
 
+/// Within 285 million years of 1970 QDateTime has a date for every second, also a unit later.
+constexpr double lastTellableSecond = 9e15;
+
+/// From here on the length of a single year no longer matters to a number of years.
+constexpr qint64 longSpanSeconds = 200LL * 365 * 86'400;
+constexpr double averageYearSeconds = 365.2425 * 86'400;
+
 QString translated(const char* text, int count = -1) {
     return QCoreApplication::translate("Formats", text, nullptr, count);
 }
@@ -63,11 +70,11 @@ const std::array<RelativeUnit, 7>& relativeUnits() {
     return units;
 }
 
-/// How many whole units lie between two moments.
+/// How many whole units lie between two moments that are no long span apart.
 int wholeUnits(const RelativeUnit& unit, const QDateTime& from, const QDateTime& to) {
     const auto span = static_cast<double>(from.secsTo(to));
     const auto one = static_cast<double>(std::max<qint64>(1, from.secsTo(unit.later(from, 1))));
-    int count = static_cast<int>(std::min(span / one, 1e9));
+    int count = wholeNumber<int>(span / one);
     while (unit.later(from, count + 1) <= to)
         ++count;
     while (count > 0 && unit.later(from, count) > to)
@@ -99,10 +106,15 @@ QString countText(std::int64_t count, const QLocale& locale) {
 QString percentText(std::int64_t part, std::int64_t whole, const QLocale& locale) {
     if (whole < 1)
         return percentage(0, 0, locale);
-    const double fraction = static_cast<double>(part) / static_cast<double>(whole);
+    const double fraction = static_cast<double>(std::max<std::int64_t>(part, 0)) / static_cast<double>(whole);
     if (fraction < 0.001 && part >= 1)
         return QStringLiteral("<") + percentage(0.001, 1, locale);
-    return percentage(fraction, fraction < 0.1 && part != 0 ? 1 : 0, locale);
+    return percentage(fraction, fraction < 0.1 ? 1 : 0, locale);
+}
+
+QDateTime momentAt(double secondsSince1970) {
+    return QDateTime::fromSecsSinceEpoch(
+        wholeNumber<qint64>(std::clamp(secondsSince1970, -lastTellableSecond, lastTellableSecond)));
 }
 
 QString dateText(double secondsSince1970, const QLocale& locale) {
@@ -114,14 +126,18 @@ QString dateText(double secondsSince1970, const QLocale& locale) {
     QString format = locale.dateFormat(QLocale::LongFormat);
     format.remove(weekday);
     format.replace(QStringLiteral("MMMM"), QStringLiteral("MMM"));
-    const auto moment = QDateTime::fromSecsSinceEpoch(static_cast<qint64>(secondsSince1970));
-    return locale.toString(moment.date(), format);
+    return locale.toString(momentAt(secondsSince1970).date(), format);
 }
 
 QString relativeDateText(const QDateTime& moment, const QDateTime& now) {
     const bool past = moment <= now;
     const QDateTime& from = past ? moment : now;
     const QDateTime& to = past ? now : moment;
+    if (const qint64 span = from.secsTo(to); span >= longSpanSeconds) {
+        const RelativeUnit& year = relativeUnits().front();
+        return translated(past ? year.manyPast : year.manyToCome,
+                          wholeNumber<int>(std::round(static_cast<double>(span) / averageYearSeconds)));
+    }
     for (const RelativeUnit& unit : relativeUnits()) {
         if (wholeUnits(unit, from, to) < 1)
             continue;
@@ -134,17 +150,16 @@ QString relativeDateText(const QDateTime& moment, const QDateTime& now) {
 }
 
 QString Formats::relativeDate(double secondsSince1970) const {
-    return relativeDateText(QDateTime::fromSecsSinceEpoch(static_cast<qint64>(secondsSince1970)),
-                            QDateTime::currentDateTime());
+    return relativeDateText(momentAt(secondsSince1970), QDateTime::currentDateTime());
 }
 
 QString Formats::duration(double seconds) const {
-    if (seconds < 0.1)
+    if (!(seconds >= 0.1))
         return tr("under %1 s").arg(QLocale().toString(0.1, 'f', 1));
     if (seconds < 60)
         return tr("%1 s").arg(QLocale().toString(seconds, 'f', seconds < 10 ? 1 : 0));
-    const auto minutes = static_cast<int>(seconds / 60);
-    return tr("%1 min %2 s").arg(minutes).arg(static_cast<int>(seconds) % 60);
+    const auto whole = wholeNumber<qint64>(seconds);
+    return tr("%1 min %2 s").arg(whole / 60).arg(whole % 60);
 }
 
 } // namespace brimlet

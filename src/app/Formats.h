@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/ByteFormat.h"
+#include "core/WholeNumber.h"
 
 #include <cstdint>
 #include <QDateTime>
@@ -21,35 +22,40 @@ NumberSymbols numberSymbols(const QLocale& locale);
 QString bytesText(std::int64_t bytes, const QLocale& locale);
 QString countText(std::int64_t count, const QLocale& locale);
 
-/// The share of `part` in `whole`: "12%", "3.4%", "<0.1%".
+/// The share of `part` in `whole`: "12%", "3.4%", "<0.1%". A negative part counts as 0.
 QString percentText(std::int64_t part, std::int64_t whole, const QLocale& locale);
+
+/// A moment of the user's calendar; the nearest that it can tell where a file system keeps a date beyond it.
+QDateTime momentAt(double secondsSince1970);
 
 /// A day without time, "Nov 22, 2026"; "—" for a time in the first day of 1970 or before, which means
 /// unknown.
 QString dateText(double secondsSince1970, const QLocale& locale);
 
 /// "now", "5 minutes ago", "yesterday", "3 months ago", "tomorrow": the largest unit that fits, rounded by
-/// the calendar.
+/// the calendar. Both are valid moments; however far they lie apart, it takes the same few steps.
 QString relativeDateText(const QDateTime& moment, const QDateTime& now);
 
-/// The façade that QML sees. Sizes and counts come as numbers of up to 2^53.
+/// The façade that QML sees. Sizes and counts come as numbers of up to 2^53; what is beyond the range of a
+/// size, or no number at all, is brought into it.
 class Formats : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
 
 public:
-    Q_INVOKABLE QString bytes(double bytes) const { return bytesText(whole(bytes), QLocale()); }
-    Q_INVOKABLE QString count(double count) const { return countText(whole(count), QLocale()); }
+    Q_INVOKABLE QString bytes(double bytes) const {
+        return bytesText(wholeNumber<std::int64_t>(bytes), QLocale());
+    }
+    Q_INVOKABLE QString count(double count) const {
+        return countText(wholeNumber<std::int64_t>(count), QLocale());
+    }
     Q_INVOKABLE QString percent(double part, double of) const {
-        return percentText(whole(part), whole(of), QLocale());
+        return percentText(wholeNumber<std::int64_t>(part), wholeNumber<std::int64_t>(of), QLocale());
     }
     Q_INVOKABLE QString date(double secondsSince1970) const { return dateText(secondsSince1970, QLocale()); }
     Q_INVOKABLE QString relativeDate(double secondsSince1970) const;
     Q_INVOKABLE QString duration(double seconds) const;
-
-private:
-    static std::int64_t whole(double number) { return static_cast<std::int64_t>(number); }
 };
 
 } // namespace brimlet

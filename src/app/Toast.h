@@ -4,6 +4,7 @@
 #include "safety/DeletionRecords.h"
 #include "safety/Uuid.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@ struct Toast {
     Uuid id = Uuid::random();
     std::string message;
     std::optional<std::string> detail;
-    std::vector<HistoryEntry> undoable; ///< empty where no Undo is offered
+    std::shared_ptr<const std::vector<HistoryEntry>> undoable; ///< null where no Undo is offered
     bool operator==(const Toast&) const = default;
 };
 

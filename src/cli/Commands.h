@@ -1,6 +1,8 @@
 // The commands of brimlet-cli, one source file each. A command adds itself as a subcommand of `app`, runs in
-// that subcommand's callback and leaves its outcome in `status`.
+// that subcommand's callback and leaves its outcome in the invocation.
 #pragma once
+
+#include "tables/SystemTables.h"
 
 #include <CLI/CLI.hpp>
 #include <string_view>
@@ -14,13 +16,19 @@ enum class ExitStatus {
     interrupted = 130,
 };
 
-void addScanCommand(CLI::App& app, ExitStatus& status);
-void addMeasureCommand(CLI::App& app, ExitStatus& status);
-void addJunkCommand(CLI::App& app, ExitStatus& status);
-void addVerdictCommand(CLI::App& app, ExitStatus& status);
-void addRemoveCommand(CLI::App& app, ExitStatus& status);
-void addHistoryCommand(CLI::App& app, ExitStatus& status);
-void addRestoreCommand(CLI::App& app, ExitStatus& status);
+/// One call of the program: what was said before the command, and what came of it.
+struct Invocation {
+    const SystemTables* system = &defaultSystem(); ///< never null
+    ExitStatus status = ExitStatus::done;
+};
+
+void addScanCommand(CLI::App& app, Invocation& invocation);
+void addMeasureCommand(CLI::App& app, Invocation& invocation);
+void addJunkCommand(CLI::App& app, Invocation& invocation);
+void addVerdictCommand(CLI::App& app, Invocation& invocation);
+void addRemoveCommand(CLI::App& app, Invocation& invocation);
+void addHistoryCommand(CLI::App& app, Invocation& invocation);
+void addRestoreCommand(CLI::App& app, Invocation& invocation);
 
 /// Writes one sentence to standard error. Returns `failed`.
 ExitStatus fail(std::string_view sentence);

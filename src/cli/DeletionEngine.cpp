@@ -1,6 +1,5 @@
 #include "cli/DeletionEngine.h"
 
-#include "junk/JunkCatalogue.h"
 #include "platform/HomeFolder.h"
 
 #include <filesystem>
@@ -8,25 +7,29 @@
 
 namespace brimlet {
 
-PathAssessor::PathAssessor()
+PathAssessor::PathAssessor(const SystemTables& system)
     : running(bundles)
-    , policy(homeFolder(), junkCatalogue(), bundles, running)
+    , policy(homeFolder(), system.safety, system.junk.rules, bundles, running)
     , judge(judgeByBothHomes(policy, homeFolder(), pathWithoutLinks(homeFolder())))
+    , places(placesOfUser(homeFolder(), policy, entries, lister))
+    , review(judge, places, entries)
     , removal(homeFolder(), calls) {}
-
-SafetyVerdict PathAssessor::verdict(const std::string& path) {
-    SafetyVerdict asGiven = judge(path);
-    const auto pinned = removal.pin(path);
-    if (errorIn(pinned) != nullptr)
-        return asGiven;
-    SafetyVerdict resolved = judge((*std::get_if<std::unique_ptr<PinnedEntry>>(&pinned))->resolvedPath());
-    return resolved.risk > asGiven.risk ? resolved : asGiven;
-}
 
 DeletionEngine::DeletionEngine(PathAssessor& assessor)
     : records(historyFolder(homeFolder()), assessor.calls)
-    , executor(assessor.removal, records, assessor.judge)
-    , history(records, assessor.removal) {}
+    , executor(assessor.removal, records, assessor.judge, assessor.places)
+    , history(records, assessor.removal, HistoryStart::fileOnly)
+    , m_recovery(records, assessor.removal) {
+    history.take(m_recovery.complete(), m_recovery);
+    m_tidying = std::jthread([this](const std::stop_token& stop) { m_recovery.tidy(stop); });
+}
+
+std::optional<std::string> refusalOfHome() {
+    if (!belongsToAnother(homeFolder()))
+        return std::nullopt;
+    return "The home folder " + homeFolder() +
+           " belongs to another user. Run this as that user, or set HOME to a folder of your own.";
+}
 
 std::string absoluteAsGiven(std::string path) {
     while (path.size() > 1 && path.ends_with('/'))

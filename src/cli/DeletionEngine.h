@@ -3,35 +3,43 @@
 
 #include "platform/linux/FileSystemCalls.h"
 #include "platform/linux/LinuxBundleReader.h"
+#include "platform/linux/LinuxDirectoryLister.h"
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/LinuxFileRemoval.h"
 #include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/DeletionHistory.h"
+#include "safety/ItemReview.h"
 #include "safety/SafetyPolicy.h"
+#include "tables/SystemTables.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <thread>
 
 namespace brimlet {
 
 /// The safety policy over the user's home folder. Changes nothing on the disk.
 class PathAssessor {
 public:
-    PathAssessor();
-
-    /// The stricter of the verdicts on a path as given and on the path without links that it leads to.
-    SafetyVerdict verdict(const std::string& path);
+    explicit PathAssessor(const SystemTables& system);
 
     FileSystemCalls calls;
     LinuxBundleReader bundles;
     LinuxRunningApplications running;
     SafetyPolicy policy;
     PathJudge judge;
+    LinuxEntryLookup entries;
+    LinuxDirectoryLister lister;
+    PlacesSource places;
+    ItemReview review;
     LinuxFileRemoval removal;
 };
 
-/// Making it makes the folder of the history and completes what was interrupted.
+/// Making it makes the folder of the history and completes what was interrupted; what that left to be tidied
+/// goes in the background, as far as it comes while the engine lives.
 class DeletionEngine {
 public:
     /// assessor   must outlive the engine
@@ -40,7 +48,14 @@ public:
     LinuxRecordStore records;
     DeletionExecutor executor;
     DeletionHistory history;
+
+private:
+    JournalRecovery m_recovery;
+    std::jthread m_tidying;
 };
+
+/// Why nothing may be removed, restored or recorded in this home folder; empty where that is allowed.
+std::optional<std::string> refusalOfHome();
 
 /// A relative path counts from the working folder, and slashes at the end go, which shells add; nothing else
 /// about a path is changed.

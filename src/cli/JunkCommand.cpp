@@ -2,6 +2,7 @@
 #include "cli/RiskColor.h"
 #include "cli/Terminal.h"
 #include "core/ByteFormat.h"
+#include "core/IsoTime.h"
 #include "core/Localized.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
@@ -12,9 +13,7 @@
 #include "json/Json.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,15 +32,8 @@ constexpr std::size_t sizeColumns = 10;
 
 /// An ISO 8601 date in UTC, or null.
 Json dateText(std::optional<double> secondsSince1970) {
-    if (!secondsSince1970)
-        return nullptr;
-    const auto seconds = static_cast<std::time_t>(std::floor(*secondsSince1970));
-    std::tm calendar{};
-    char text[32] = {};
-    if (gmtime_r(&seconds, &calendar) == nullptr ||
-        std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &calendar) == 0)
-        return nullptr;
-    return text;
+    const std::string text = secondsSince1970 ? isoTime(*secondsSince1970) : std::string();
+    return text.empty() ? Json() : Json(text);
 }
 
 std::string counted(std::int64_t count, const char* one, const char* many) {
@@ -106,29 +98,29 @@ void printForPeople(const std::vector<JunkFinding>& findings, std::size_t top) {
 }
 
 /// The rules asked for, in catalogue order; all where none was named. Empty where one is unknown.
-std::vector<JunkRule> rulesNamed(const std::vector<std::string>& ids) {
+std::vector<JunkRule> rulesNamed(const std::vector<std::string>& ids, const JunkTables& tables) {
     for (const std::string& id : ids) {
-        if (junkRule(id) == nullptr)
+        if (junkRule(tables.rules, id) == nullptr)
             return {};
     }
     std::vector<JunkRule> rules;
-    std::ranges::copy_if(junkCatalogue(), std::back_inserter(rules), [&](const JunkRule& rule) {
+    std::ranges::copy_if(tables.rules, std::back_inserter(rules), [&](const JunkRule& rule) {
         return ids.empty() || std::ranges::find(ids, rule.id) != ids.end();
     });
     return rules;
 }
 
-std::string knownIds() {
+std::string knownIds(const JunkTables& tables) {
     std::string ids;
-    for (const JunkRule& rule : junkCatalogue())
+    for (const JunkRule& rule : tables.rules)
         ids += (ids.empty() ? "" : ", ") + std::string(rule.id);
     return ids;
 }
 
-ExitStatus findJunk(const JunkOptions& options) {
-    const std::vector<JunkRule> rules = rulesNamed(options.ruleIds);
+ExitStatus findJunk(const JunkOptions& options, const JunkTables& tables) {
+    const std::vector<JunkRule> rules = rulesNamed(options.ruleIds, tables);
     if (rules.empty())
-        return fail("There is no such rule. The rules are " + knownIds() + ".");
+        return fail("There is no such rule. The rules are " + knownIds(tables) + ".");
     const LinuxDirectoryLister lister;
     const LinuxAccessProbe access(homeFolder());
     const std::vector<JunkFinding> findings = JunkFinder(homeFolder(), lister, access).scan(rules);
@@ -141,7 +133,7 @@ ExitStatus findJunk(const JunkOptions& options) {
 
 } // namespace
 
-void addJunkCommand(CLI::App& app, ExitStatus& status) {
+void addJunkCommand(CLI::App& app, Invocation& invocation) {
     const auto options = std::make_shared<JunkOptions>();
     CLI::App* command = app.add_subcommand("junk", "Find what can go: caches, logs, the Trash, installers");
     command->add_option("--rule", options->ruleIds, "Only this rule; may be given several times")
@@ -150,11 +142,12 @@ void addJunkCommand(CLI::App& app, ExitStatus& status) {
         ->expected(1);
     command->add_option("--top", options->top, "Largest items shown of each rule")->capture_default_str();
     command->add_flag("--json", options->json, "Print an array of {rule, total, items}");
-    command->footer("Nothing is changed. The rules are " + knownIds() +
+    command->footer("Nothing is changed. The rules are " + knownIds(invocation.system->junk) +
                     ".\n\nExamples:\n"
                     "  brimlet-cli junk\n"
                     "  brimlet-cli junk --rule trash --rule user-caches --json");
-    command->callback([options, &status] { status = findJunk(*options); });
+    command->callback(
+        [options, &invocation] { invocation.status = findJunk(*options, invocation.system->junk); });
 }
 
 } // namespace brimlet

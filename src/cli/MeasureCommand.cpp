@@ -77,7 +77,7 @@ ExitStatus measure(const MeasureOptions& options) {
 
 } // namespace
 
-void addMeasureCommand(CLI::App& app, ExitStatus& status) {
+void addMeasureCommand(CLI::App& app, Invocation& invocation) {
     const auto options = std::make_shared<MeasureOptions>();
     CLI::App* command = app.add_subcommand("measure", "Size files and folders, as du would");
     command->add_option("paths", options->paths, "Files and folders")->required()->type_name("PATH");
@@ -87,7 +87,7 @@ void addMeasureCommand(CLI::App& app, ExitStatus& status) {
                     "Examples:\n"
                     "  brimlet-cli measure ~/Downloads ~/.cache\n"
                     "  brimlet-cli measure --json /var/log");
-    command->callback([options, &status] { status = measure(*options); });
+    command->callback([options, &invocation] { invocation.status = measure(*options); });
 }
 
 } // namespace brimlet

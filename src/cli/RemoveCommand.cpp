@@ -2,6 +2,7 @@
 #include "cli/Commands.h"
 #include "cli/DeletionEngine.h"
 #include "cli/RiskColor.h"
+#include "cli/StopSignals.h"
 #include "cli/Terminal.h"
 #include "core/ByteFormat.h"
 #include "core/MeasureTree.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <unistd.h>
@@ -33,11 +35,14 @@ struct RemoveOptions {
 };
 
 DeletionPlan planFor(const RemoveOptions& options, PathAssessor& assessor) {
+    std::vector<std::string> paths;
+    std::ranges::transform(options.paths, std::back_inserter(paths), absoluteAsGiven);
+    const std::vector<ReviewedItem> reviewed = assessor.review.review(paths);
     std::vector<PlanItem> items;
-    for (const std::string& given : options.paths) {
-        const std::string path = absoluteAsGiven(given);
-        items.push_back({path, std::string(lastPathComponent(path)), measureTree(path).bytes,
-                         options.permanent ? Removal::permanent : Removal::trash, assessor.verdict(path)});
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        items.push_back({paths[i], std::string(lastPathComponent(paths[i])), measureTree(paths[i]).bytes,
+                         options.permanent ? Removal::permanent : Removal::trash, reviewed[i].verdict,
+                         reviewed[i].identity});
     }
     return planOf(items, "Remove").value_or(DeletionPlan());
 }
@@ -88,6 +93,22 @@ Json failuresJson(const std::vector<DeletionFailure>& failures) {
     return list;
 }
 
+/// Of a long row with one reason only the first are named.
+void printFailures(const std::vector<DeletionFailure>& failures) {
+    constexpr std::ptrdiff_t mostNamed = 10;
+    for (auto first = failures.begin(); first != failures.end();) {
+        const auto end = std::find_if(first, failures.end(), [&](const DeletionFailure& failure) {
+            return failure.reason != first->reason;
+        });
+        const auto named = end - first > mostNamed ? first + mostNamed : end;
+        std::for_each(first, named,
+                      [](const DeletionFailure& failure) { fail(failure.path + ": " + failure.reason); });
+        if (named != end)
+            fail("And " + formatCount(end - named) + " more: " + first->reason);
+        first = end;
+    }
+}
+
 void printReport(const DeletionReport& report, const RemoveOptions& options) {
     if (options.json) {
         Json paths = Json::array();
@@ -97,15 +118,14 @@ void printReport(const DeletionReport& report, const RemoveOptions& options) {
                                {"movedToTrash", report.movedToTrash},
                                {"deletedPaths", std::move(paths)},
                                {"failures", failuresJson(report.failures)},
-                               {"skippedProtected", failuresJson(report.skippedProtected)}};
+                               {"skippedProtected", failuresJson(report.skippedProtected)},
+                               {"remarks", failuresJson(report.remarks)}};
         std::puts(writeJson(document, JsonLayout::indented).c_str());
         return;
     }
     std::puts(noticeOf(report).message.c_str());
-    for (const auto* list : {&report.failures, &report.skippedProtected}) {
-        for (const DeletionFailure& failure : *list)
-            fail(failure.path + ": " + failure.reason);
-    }
+    for (const auto* list : {&report.failures, &report.skippedProtected, &report.remarks})
+        printFailures(*list);
 }
 
 void printPlanJson(const DeletionPlan& plan) {
@@ -134,9 +154,11 @@ bool prefersPermanent() {
     return Preferences(store).permanentDelete();
 }
 
-ExitStatus remove(RemoveOptions options) {
+ExitStatus remove(RemoveOptions options, const SystemTables& system) {
+    if (const auto refusal = refusalOfHome())
+        return fail(*refusal);
     options.permanent = options.permanent || prefersPermanent();
-    PathAssessor assessor;
+    PathAssessor assessor(system);
     const DeletionPlan plan = planFor(options, assessor);
     if (options.dryRun && options.json) {
         printPlanJson(plan);
@@ -152,7 +174,10 @@ ExitStatus remove(RemoveOptions options) {
     if (!requests.empty() && !options.yes && !isConfirmed(requests))
         return fail("Nothing was deleted.");
     DeletionEngine engine(assessor);
-    ExecutedRun run = engine.executor.execute(requests);
+    const ExecutedRun run = [&] {
+        const StopSignals signals;
+        return engine.executor.execute(requests, signals.token());
+    }();
     const bool isRecorded = engine.history.record(run);
     if (!isRecorded)
         fail("The history could not be written. It is completed at the next start.");
@@ -163,7 +188,7 @@ ExitStatus remove(RemoveOptions options) {
 
 } // namespace
 
-void addRemoveCommand(CLI::App& app, ExitStatus& status) {
+void addRemoveCommand(CLI::App& app, Invocation& invocation) {
     const auto options = std::make_shared<RemoveOptions>();
     CLI::App* command = app.add_subcommand("remove", "Move files and folders to the Trash, or delete them");
     command->add_option("paths", options->paths, "Files and folders")->required()->type_name("PATH");
@@ -178,7 +203,7 @@ void addRemoveCommand(CLI::App& app, ExitStatus& status) {
                     "Examples:\n"
                     "  brimlet-cli remove --dry-run ~/Downloads/*.dmg\n"
                     "  brimlet-cli remove --permanent --yes ~/Library/Caches/*");
-    command->callback([options, &status] { status = remove(*options); });
+    command->callback([options, &invocation] { invocation.status = remove(*options, *invocation.system); });
 }
 
 } // namespace brimlet

@@ -104,12 +104,12 @@ std::shared_ptr<ScanResult> scanWithProgress(Scanner& scanner, const std::string
     return scanner.scan(path, excluded, progress);
 }
 
-ExitStatus scan(const ScanOptions& options) {
+ExitStatus scan(const ScanOptions& options, const SystemTables& system) {
     const std::string home = homeFolder();
     const Start start = startOf(options.folder.empty() ? home : options.folder);
     if (!start.problem.empty())
         return fail(start.problem);
-    Scanner scanner;
+    Scanner scanner(system.folders);
     const auto result = scanWithProgress(scanner, start.path, excludedPaths(options.excluded));
     if (!result && scanner.isCancelled()) {
         fail("The scan was cancelled.");
@@ -128,7 +128,7 @@ ExitStatus scan(const ScanOptions& options) {
 
 } // namespace
 
-void addScanCommand(CLI::App& app, ExitStatus& status) {
+void addScanCommand(CLI::App& app, Invocation& invocation) {
     const auto options = std::make_shared<ScanOptions>();
     CLI::App* command = app.add_subcommand("scan", "Show where the space of a folder goes");
     command->add_option("folder", options->folder, "What to scan; the home folder if left out")
@@ -150,7 +150,7 @@ void addScanCommand(CLI::App& app, ExitStatus& status) {
                     "  brimlet-cli scan\n"
                     "  brimlet-cli scan /var --exclude /var/lib --top 20\n"
                     "  brimlet-cli scan ~/Projects --json --files");
-    command->callback([options, &status] { status = scan(*options); });
+    command->callback([options, &invocation] { invocation.status = scan(*options, *invocation.system); });
 }
 
 } // namespace brimlet

@@ -1,10 +1,11 @@
 #include "cli/ScanJson.h"
 
+#include "core/IsoTime.h"
+#include "core/WholeNumber.h"
 #include "json/Json.h"
 
 #include <algorithm>
 #include <chrono>
-#include <ctime>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,13 +22,8 @@ std::string jsonText(std::string_view bytes) {
     return isPlain ? '"' + std::string(bytes) + '"' : writeJson(jsonString(bytes));
 }
 
-std::string iso8601(std::chrono::system_clock::time_point time) {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
-    std::tm parts{};
-    gmtime_r(&seconds, &parts);
-    char text[32] = {};
-    std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts);
-    return text;
+double secondsSince1970(std::chrono::system_clock::time_point time) {
+    return std::chrono::duration<double>(time.time_since_epoch()).count();
 }
 
 template <typename Category, typename Value>
@@ -66,7 +62,7 @@ private:
                 {"unreadableDirectories", m_result.unreadableDirectories},
                 {"hardLinksSkipped", m_result.hardLinksSkipped},
                 {"duration", m_result.duration},
-                {"finishedAt", iso8601(m_result.finishedAt)},
+                {"finishedAt", isoTime(secondsSince1970(m_result.finishedAt))},
                 {"bucketTotals", byCaseName(m_result.bucketTotals)},
                 {"kindTotals", byCaseName(m_result.kindTotals)},
                 {"kindCounts", byCaseName(m_result.kindCounts)}};
@@ -90,8 +86,8 @@ private:
         addField("fileCount", node.fileCount);
         addField("smallFilesSize", node.smallFilesSize);
         addField("smallFilesCount", std::int64_t{node.smallFilesCount});
-        addField("modified", static_cast<std::int64_t>(node.modified));
-        addField("accessed", static_cast<std::int64_t>(node.accessed));
+        addField("modified", wholeNumber<std::int64_t>(node.modified));
+        addField("accessed", wholeNumber<std::int64_t>(node.accessed));
         addField("bucket", look(node.bucket).caseName);
         addField("kind", look(node.kind).caseName);
         addField("isDirectory", bool{node.isDirectory});

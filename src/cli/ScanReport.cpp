@@ -3,6 +3,7 @@
 #include "core/ByteFormat.h"
 #include "core/Localized.h"
 #include "core/Paths.h"
+#include "core/WholeNumber.h"
 
 #include <algorithm>
 #include <array>
@@ -33,7 +34,7 @@ std::vector<const FileNode*> largest(std::vector<const FileNode*> nodes, std::si
 }
 
 std::string percent(double share) {
-    const auto whole = std::lround(share * 100);
+    const auto whole = wholeNumber<std::int64_t>(std::round(share * 100));
     return whole == 0 ? "<1%" : std::to_string(whole) + "%";
 }
 

@@ -1,5 +1,7 @@
 #include "cli/Terminal.h"
 
+#include "core/WholeNumber.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -190,7 +192,7 @@ std::string bar(double share, std::size_t columns) {
     if (!(share > 0))
         return {};
     const double eighths = std::round(std::min(share, 1.0) * static_cast<double>(columns) * 8);
-    const auto drawn = std::max<std::size_t>(1, static_cast<std::size_t>(eighths));
+    const auto drawn = std::max<std::size_t>(1, wholeNumber<std::size_t>(eighths));
     std::string text;
     for (std::size_t i = 0; i < drawn / 8; ++i)
         text += "█";

@@ -2,7 +2,6 @@
 #include "cli/RiskColor.h"
 #include "cli/Terminal.h"
 #include "core/Paths.h"
-#include "junk/JunkCatalogue.h"
 #include "platform/HomeFolder.h"
 #include "platform/linux/LinuxBundleReader.h"
 #include "platform/linux/LinuxRunningApplications.h"
@@ -75,12 +74,12 @@ void printForPeople(const std::vector<Judged>& judged) {
     }
 }
 
-ExitStatus judge(const VerdictOptions& options) {
+ExitStatus judge(const VerdictOptions& options, const SystemTables& system) {
     if (options.paths.empty() && !options.pathsFromInput)
         return fail("Name at least one path, or give a list with --null.");
     const LinuxBundleReader bundles;
     const LinuxRunningApplications running(bundles);
-    const SafetyPolicy policy(homeFolder(), junkCatalogue(), bundles, running);
+    const SafetyPolicy policy(homeFolder(), system.safety, system.junk.rules, bundles, running);
     std::vector<Judged> judged;
     for (const std::string& given : options.pathsFromInput ? readPaths(std::cin) : options.paths) {
         const std::string path = absolutePath(given);
@@ -95,7 +94,7 @@ ExitStatus judge(const VerdictOptions& options) {
 
 } // namespace
 
-void addVerdictCommand(CLI::App& app, ExitStatus& status) {
+void addVerdictCommand(CLI::App& app, Invocation& invocation) {
     const auto options = std::make_shared<VerdictOptions>();
     CLI::App* command = app.add_subcommand("verdict", "Tell whether a path may be removed, and why");
     CLI::Option* paths = command->add_option("paths", options->paths, "Files and folders")->type_name("PATH");
@@ -106,7 +105,7 @@ void addVerdictCommand(CLI::App& app, ExitStatus& status) {
                     "Examples:\n"
                     "  brimlet-cli verdict ~/Library/Caches /usr/bin\n"
                     "  find ~ -name '*.dmg' -print0 | brimlet-cli verdict --null --json");
-    command->callback([options, &status] { status = judge(*options); });
+    command->callback([options, &invocation] { invocation.status = judge(*options, *invocation.system); });
 }
 
 } // namespace brimlet

@@ -5,6 +5,8 @@
 
 #include <clocale>
 #include <cstdio>
+#include <string>
+#include <vector>
 
 namespace brimlet {
 
@@ -15,24 +17,35 @@ constexpr auto addCommands = {
     addRemoveCommand, addHistoryCommand, addRestoreCommand,
 };
 
+void addSystemOption(CLI::App& app, Invocation& invocation) {
+    std::vector<std::string> names;
+    for (const SystemTables* system : allSystems())
+        names.emplace_back(system->name);
+    app.add_option_function<std::string>(
+           "--system", [&](const std::string& name) { invocation.system = systemNamed(name); },
+           "Whose rules count; this system's without it")
+        ->check(CLI::IsMember(names));
+}
+
 int run(int argc, char** argv) {
     CLI::App app("Shows where the space of a disk goes and gives it back.", "brimlet-cli");
     app.set_version_flag("--version", BRIMLET_VERSION);
     app.require_subcommand(1);
     app.get_formatter()->column_width(28);
-    ExitStatus status = ExitStatus::done;
+    Invocation invocation;
+    addSystemOption(app, invocation);
     for (const auto add : addCommands)
-        add(app, status);
+        add(app, invocation);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& answer) {
         return app.exit(answer);
     } catch (const CLI::Error& error) {
-        status = fail(std::string(error.what()) + ". Try \"brimlet-cli --help\".");
+        invocation.status = fail(std::string(error.what()) + ". Try \"brimlet-cli --help\".");
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        status = fail("The output could not be written.");
-    return static_cast<int>(status);
+        invocation.status = fail("The output could not be written.");
+    return static_cast<int>(invocation.status);
 }
 
 } // namespace

@@ -5,15 +5,15 @@ namespace brimlet {
 namespace {
 
 constexpr std::array<CategoryLook, fileKindCount> looks = {{
-    {"document", "Documents", "", "doc.text.fill", 0x34C3A0},
-    {"image", "Images", "", "photo.fill", 0xF5B83D},
-    {"video", "Video", "", "film.fill", 0xFF6B8A},
-    {"audio", "Audio", "", "waveform", 0xB57BFF},
-    {"archive", "Archives", "", "archivebox.fill", 0xFF9F43},
-    {"diskImage", "Disk Images & Installers", "", "opticaldiscdrive.fill", 0xFF9F43},
-    {"code", "Code", "", "chevron.left.forwardslash.chevron.right", 0x3DD6F5},
-    {"application", "Applications", "", "app.fill", 0x5B8CFF},
-    {"other", "Other", "", "questionmark.square.dashed", 0xA0A4B0},
+    {"document", "Documents", "doc.text.fill", 0x34C3A0},
+    {"image", "Images", "photo.fill", 0xF5B83D},
+    {"video", "Video", "film.fill", 0xFF6B8A},
+    {"audio", "Audio", "waveform", 0xB57BFF},
+    {"archive", "Archives", "archivebox.fill", 0xFF9F43},
+    {"diskImage", "Disk Images & Installers", "opticaldiscdrive.fill", 0xFF9F43},
+    {"code", "Code", "chevron.left.forwardslash.chevron.right", 0x3DD6F5},
+    {"application", "Applications", "app.fill", 0x5B8CFF},
+    {"other", "Other", "questionmark.square.dashed", 0xA0A4B0},
 }};
 
 struct ExtensionList {

@@ -25,11 +25,10 @@ inline constexpr std::size_t fileKindCount = 9;
 
 /// How a kind or a bucket presents itself.
 struct CategoryLook {
-    std::string_view caseName;    ///< stable identifier for JSON, e.g. "diskImage"
-    std::string_view title;       ///< English text, key of the translation look-up
-    std::string_view explanation; ///< likewise; empty for kinds
-    std::string_view symbol;      ///< name in the icon table
-    std::uint32_t color;          ///< opaque sRGB, 0xRRGGBB
+    std::string_view caseName; ///< stable identifier for JSON, e.g. "diskImage"
+    std::string_view title;    ///< English text, key of the translation look-up
+    std::string_view symbol;   ///< name in the icon table
+    std::uint32_t color;       ///< opaque sRGB, 0xRRGGBB
 };
 
 /// All kinds in declaration order.

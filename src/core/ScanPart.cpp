@@ -1,6 +1,7 @@
 #include "core/ScanPart.h"
 
 #include "core/Paths.h"
+#include "core/WholeNumber.h"
 
 #include <algorithm>
 #include <optional>
@@ -44,8 +45,9 @@ void ScanTotals::add(const ScanTotals& other) {
     addAll(kinds, other.kinds);
 }
 
-ScanPart::ScanPart(const std::unordered_set<std::string>& excluded)
-    : m_excluded(excluded) {
+ScanPart::ScanPart(const FolderRules& rules, const std::unordered_set<std::string>& excluded)
+    : m_rules(rules)
+    , m_excluded(excluded) {
     for (const std::string& path : excluded)
         m_excludedNames.emplace(lastPathComponent(path));
     // The data volume itself is the one directory whose normalised path ends in another name.
@@ -57,11 +59,11 @@ FolderTag ScanPart::root(std::string_view path, const EntryStatus& status) {
     FileNode* node = newDirectory(path, status);
     PathHead& head = m_heads.emplace_back();
     const std::vector<std::string_view> components = pathComponents(normalisedPath(node->name));
-    head.count = std::min(components.size(), bucketPathDepth);
+    head.count = std::min(components.size(), m_rules.depth());
     std::copy_n(components.begin(), head.count, head.components.begin());
     // The whole path is the root's name, and rules on names are applied to it as they are to any other.
     node->bucket =
-        bucketForDirectory(node->name, {head.components.data(), head.count}, {}).value_or(node->bucket);
+        m_rules.bucket(node->name, {head.components.data(), head.count}, {}).value_or(node->bucket);
     totals.addDirectory(node->bucket, node->size);
     return {node, &head};
 }
@@ -69,8 +71,8 @@ FolderTag ScanPart::root(std::string_view path, const EntryStatus& status) {
 FileNode* ScanPart::newDirectory(std::string_view name, const EntryStatus& status) {
     FileNode* node = arena.newNode(name);
     node->isDirectory = true;
-    node->isPackage = isPackageName(name);
-    node->kind = name.ends_with(".app") ? FileKind::application : FileKind::other;
+    node->isPackage = m_rules.isPackage(name);
+    node->kind = m_rules.kind(name);
     node->size = status.allocatedBytes;
     setTimes(*node, status);
     ++directories;
@@ -78,7 +80,7 @@ FileNode* ScanPart::newDirectory(std::string_view name, const EntryStatus& statu
 }
 
 const PathHead* ScanPart::headBelow(const PathHead& parent, const FileNode& node) {
-    if (parent.count == bucketPathDepth)
+    if (parent.count == m_rules.depth())
         return &parent;
     PathHead& head = m_heads.emplace_back(parent);
     if (node.name == lastPathComponent(dataVolumePrefix) && node.path() == dataVolumePrefix)
@@ -110,7 +112,7 @@ bool ScanPart::directory(const DirectoryEntry& entry, FolderTag& tag) {
     node->parent = m_node;
     const PathHead* head = headBelow(*m_folder->tag.pathHead, *node);
     const auto bucket =
-        bucketForDirectory(node->name, {head->components.data(), head->count}, inheritedFrom(m_node->bucket));
+        m_rules.bucket(node->name, {head->components.data(), head->count}, inheritedFrom(m_node->bucket));
     node->bucket = bucket.value_or(StorageBucket::other);
     totals.addDirectory(node->bucket, node->size);
     m_children.push_back(node);
@@ -171,8 +173,8 @@ void ScanPart::end() {
 }
 
 WalkCount ScanPart::counted() const {
-    return {m_counted.files + static_cast<std::int64_t>(m_linkedFiles),
-            m_counted.bytes + static_cast<std::int64_t>(m_linkedBytes)};
+    return {m_counted.files + wholeNumber<std::int64_t>(m_linkedFiles),
+            m_counted.bytes + wholeNumber<std::int64_t>(m_linkedBytes)};
 }
 
 } // namespace brimlet

@@ -3,6 +3,7 @@
 // paths comes first.
 #pragma once
 
+#include "core/FolderRules.h"
 #include "core/NodeArena.h"
 #include "core/ParallelWalk.h"
 
@@ -20,7 +21,7 @@ namespace brimlet {
 /// The leading components of a folder's normalised path, as far as its bucket depends on them. The views
 /// point at names of nodes, or at the root's path.
 struct PathHead {
-    std::array<std::string_view, bucketPathDepth> components;
+    std::array<std::string_view, FolderRules::mostPathComponents> components;
     std::size_t count = 0;
 };
 
@@ -56,8 +57,9 @@ struct LinkedFilesOfFolder {
 
 class ScanPart : public FolderVisitor {
 public:
-    /// excluded  normalised paths of directories to leave out; must outlive this
-    explicit ScanPart(const std::unordered_set<std::string>& excluded);
+    /// excluded  normalised paths of directories to leave out
+    /// Both must outlive this.
+    ScanPart(const FolderRules& rules, const std::unordered_set<std::string>& excluded);
 
     /// The node of the folder that the scan starts from.
     FolderTag root(std::string_view path, const EntryStatus& status);
@@ -82,6 +84,7 @@ private:
     void noteLinkedFile(const EntryStatus& status, FileKind kind, bool hasNode);
     const PathHead* headBelow(const PathHead& parent, const FileNode& node);
 
+    const FolderRules& m_rules;
     const std::unordered_set<std::string>& m_excluded;
     std::unordered_set<std::string> m_excludedNames; ///< last components, to look before a path is built
     std::deque<PathHead> m_heads;

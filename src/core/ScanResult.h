@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -51,10 +52,23 @@ struct ScanResult {
     /// ignored.
     FileNode* nodeAtPath(std::string_view path) const;
 
-    /// Marks the nodes at exactly these node paths as deleted and takes their sizes off their ancestors and
-    /// `bucketTotals`. Paths without a node change nothing; marking twice counts once for the ancestors.
-    /// Walks only the branches that lead to a given path.
+    /// The nodes at exactly these node paths, without those that lie below another of them. Paths without a
+    /// node are left out. Looks only at the folders that lead to a given path.
+    /// thread  any, while the main thread marks: reads only what never changes after the scan
+    std::vector<FileNode*> nodesAtNodePaths(const std::unordered_set<std::string>& paths) const;
+
+    /// Marks nodes as deleted and takes their sizes off their ancestors and `bucketTotals`. What lies below a
+    /// deleted node changes nothing above that. Marking twice counts once for the ancestors, and each time
+    /// for `bucketTotals`. Each node costs as many steps as it has ancestors; between two nodes the tree is
+    /// whole, so that a long list can be marked in pieces.
+    void markNodesDeleted(std::span<FileNode* const> nodes);
     void markDeleted(const std::unordered_set<std::string>& paths);
+
+    /// Undoes `markDeleted` for what has been put back in its place: it counts for its ancestors and
+    /// `bucketTotals` again. Where the folder that it lies in had gone too, that was made anew and holds
+    /// nothing else. Nodes that aren't marked change nothing.
+    void markNodesRestored(std::span<FileNode* const> nodes);
+    void markRestored(const std::unordered_set<std::string>& paths);
 };
 
 /// What a scan covers.

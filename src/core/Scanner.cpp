@@ -15,7 +15,7 @@ std::shared_ptr<ScanResult> Scanner::scan(const std::string& rootPath,
         return nullptr;
 
     std::deque<ScanPart> parts;
-    const auto newPart = [&]() -> FolderVisitor& { return parts.emplace_back(excluded); };
+    const auto newPart = [&]() -> FolderVisitor& { return parts.emplace_back(m_rules, excluded); };
     ParallelWalk::Report report;
     if (progress) {
         report = [&](const WalkCount& count, std::string_view path) {
@@ -23,7 +23,7 @@ std::shared_ptr<ScanResult> Scanner::scan(const std::string& rootPath,
         };
     }
     ParallelWalk walk(newPart, &m_cancelled, report);
-    ScanPart& first = parts.emplace_back(excluded);
+    ScanPart& first = parts.emplace_back(m_rules, excluded);
     const FolderTag root = first.root(rootPath, *status);
     if (!walk.run(rootPath, *status, root, first))
         return nullptr;

@@ -6,6 +6,7 @@
 // from elsewhere.
 #pragma once
 
+#include "core/FolderRules.h"
 #include "core/ScanResult.h"
 
 #include <atomic>
@@ -20,6 +21,10 @@ namespace brimlet {
 
 class Scanner {
 public:
+    /// rules   must outlive the scanner
+    explicit Scanner(const FolderRules& rules)
+        : m_rules(rules) {}
+
     /// Files and bytes counted so far and the normalised path being read.
     using Progress =
         std::function<void(std::int64_t files, std::int64_t bytes, std::string_view currentPath)>;
@@ -41,6 +46,7 @@ public:
     bool isCancelled() const { return m_cancelled; }
 
 private:
+    const FolderRules& m_rules;
     std::atomic<bool> m_cancelled = false;
 };
 

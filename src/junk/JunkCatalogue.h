@@ -1,27 +1,22 @@
-// What counts as junk on a Mac: a constant table of rules, and the headings they stand under.
+// What counts as junk on one operating system: its rules, and the headings they stand under.
 #pragma once
 
 #include "safety/JunkRule.h"
 
-#include <array>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace brimlet {
 
-/// All rules. The order is fixed and is the one in which the safety policy tries them: earlier rows win.
-/// Any thread; the rules live as long as the program.
-std::span<const JunkRule> junkCatalogue();
+struct JunkTables {
+    /// In the order in which the safety policy tries them: earlier rows win.
+    std::span<const JunkRule> rules;
+    /// The headings in display order.
+    std::span<const JunkGroup> groups;
+};
 
 /// The rule of this id, or null.
-const JunkRule* junkRule(std::string_view id);
-
-/// All headings in display order.
-inline constexpr std::array<JunkGroup, 6> allJunkGroups = {
-    JunkGroup::system,    JunkGroup::trash,   JunkGroup::mail,
-    JunkGroup::developer, JunkGroup::devices, JunkGroup::downloads,
-};
+const JunkRule* junkRule(std::span<const JunkRule> rules, std::string_view id);
 
 /// How a heading presents itself.
 struct JunkGroupLook {

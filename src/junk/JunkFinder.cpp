@@ -48,20 +48,21 @@ double JunkFinder::systemTime() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
-std::vector<JunkFinding> JunkFinder::scan(std::span<const JunkRule> rules) const {
+std::vector<JunkFinding> JunkFinder::scan(std::span<const JunkRule> rules,
+                                          const std::stop_token& stop) const {
     const bool mayReadContainers = m_access.hasFullDiskAccess();
     std::vector<const JunkRule*> tried;
     for (const JunkRule& rule : rules) {
         if (mayReadContainers || !rule.base.starts_with(containers))
             tried.push_back(&rule);
     }
-    std::vector<JunkFinding> found = findings(tried);
+    std::vector<JunkFinding> found = findings(tried, stop);
     std::ranges::stable_sort(found, std::greater(), &JunkFinding::total);
     return found;
 }
 
 std::optional<JunkFinding> JunkFinder::scanRule(const JunkRule& rule) const {
-    std::vector<JunkFinding> found = findings({&rule});
+    std::vector<JunkFinding> found = findings({&rule}, {});
     if (found.empty())
         return std::nullopt;
     return std::move(found.front());
@@ -88,7 +89,7 @@ std::vector<JunkFinder::Candidate> JunkFinder::candidates(const JunkRule& rule) 
             continue;
         const bool isFile = child.fileBytes.has_value();
         qualified.push_back({{folder + "/" + child.name, rule.id, child.fileBytes.value_or(0), isFile ? 1 : 0,
-                              child.modified},
+                              child.modified, child.identity},
                              isFile});
     }
     return qualified;
@@ -96,9 +97,13 @@ std::vector<JunkFinder::Candidate> JunkFinder::candidates(const JunkRule& rule) 
 
 /// All rules are listed side by side, then all their candidates measured side by side, so that one rule with
 /// many items keeps every thread busy. Keeps the order of the rules.
-std::vector<JunkFinding> JunkFinder::findings(const std::vector<const JunkRule*>& rules) const {
+std::vector<JunkFinding> JunkFinder::findings(const std::vector<const JunkRule*>& rules,
+                                              const std::stop_token& stop) const {
     std::vector<std::vector<Candidate>> byRule(rules.size());
-    parallelFor(rules.size(), diskThreads(), [&](std::size_t i) { byRule[i] = candidates(*rules[i]); });
+    parallelFor(rules.size(), diskThreads(), [&](std::size_t i) {
+        if (!stop.stop_requested())
+            byRule[i] = candidates(*rules[i]);
+    });
 
     std::vector<JunkItem*> unmeasured;
     for (std::vector<Candidate>& qualified : byRule) {
@@ -108,6 +113,8 @@ std::vector<JunkFinding> JunkFinder::findings(const std::vector<const JunkRule*>
         }
     }
     parallelFor(unmeasured.size(), diskThreads(), [&](std::size_t i) {
+        if (stop.stop_requested())
+            return;
         const TreeMeasure measure = measureTree(unmeasured[i]->path);
         unmeasured[i]->size = measure.bytes;
         unmeasured[i]->fileCount = measure.files;

@@ -4,12 +4,14 @@
 // Immutable; callable from any thread. A rule whose folder is missing or can't be listed finds nothing.
 #pragma once
 
+#include "platform/EntryIdentity.h"
 #include "safety/JunkRule.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +28,7 @@ struct JunkItem {
     std::int64_t size = 0;          ///< allocated bytes with everything in it, at least 1
     std::int64_t fileCount = 0;     ///< non-directory entries below and including it
     std::optional<double> modified; ///< seconds since 1970; empty where the system didn't tell
+    std::optional<PlacedIdentity> identity = std::nullopt; ///< as it was listed; empty as above
     bool operator==(const JunkItem&) const = default;
 };
 
@@ -51,7 +54,8 @@ public:
     /// What the rules find, largest total first; rules that find nothing are left out. Without Full Disk
     /// Access the folders of other applications' containers are not tried. Blocks on the disk; works with a
     /// bounded number of threads, all joined at the return.
-    std::vector<JunkFinding> scan(std::span<const JunkRule> rules) const;
+    /// stop  looked at before each folder; once set, what is given is worthless
+    std::vector<JunkFinding> scan(std::span<const JunkRule> rules, const std::stop_token& stop = {}) const;
 
     /// What one rule finds, or empty; Full Disk Access isn't asked for.
     std::optional<JunkFinding> scanRule(const JunkRule& rule) const;
@@ -62,7 +66,8 @@ private:
     struct Candidate;
 
     std::vector<Candidate> candidates(const JunkRule& rule) const;
-    std::vector<JunkFinding> findings(const std::vector<const JunkRule*>& rules) const;
+    std::vector<JunkFinding> findings(const std::vector<const JunkRule*>& rules,
+                                      const std::stop_token& stop) const;
 
     std::string m_homeFolder;
     const DirectoryLister& m_lister;

@@ -4,12 +4,18 @@
 
 namespace brimlet {
 
-std::vector<PlanItem> planItems(const std::vector<ChosenJunk>& chosen, const SafetyPolicy& policy) {
+std::vector<PlanItem> planItems(const std::vector<ChosenJunk>& chosen, const ItemReview& review) {
+    std::vector<std::string> paths;
+    paths.reserve(chosen.size());
+    for (const ChosenJunk& one : chosen)
+        paths.push_back(one.item.path);
+    std::vector<ReviewedItem> reviewed = review.review(paths);
     std::vector<PlanItem> items;
     items.reserve(chosen.size());
-    for (const ChosenJunk& one : chosen) {
-        items.push_back({one.item.path, std::string(lastPathComponent(one.item.path)), one.item.size,
-                         one.removal, policy.verdict(one.item.path)});
+    for (std::size_t i = 0; i < chosen.size(); ++i) {
+        std::string name(lastPathComponent(paths[i]));
+        items.push_back({std::move(paths[i]), std::move(name), chosen[i].item.size, chosen[i].removal,
+                         std::move(reviewed[i].verdict), chosen[i].item.identity});
     }
     return items;
 }

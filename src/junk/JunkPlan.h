@@ -3,7 +3,7 @@
 
 #include "junk/JunkFinder.h"
 #include "safety/DeletionRecords.h"
-#include "safety/SafetyPolicy.h"
+#include "safety/ItemReview.h"
 
 #include <vector>
 
@@ -15,8 +15,9 @@ struct ChosenJunk {
     Removal removal = Removal::trash;
 };
 
-/// A plan row for each item, in the order given, judged now. Any thread; asks the machine for the running
-/// applications, so many items take their time.
-std::vector<PlanItem> planItems(const std::vector<ChosenJunk>& chosen, const SafetyPolicy& policy);
+/// A plan row for each item, in the order given, judged now; what it is was told by the search that found it.
+/// Any thread; blocks on the disk and asks the machine for the running applications, so many items take their
+/// time.
+std::vector<PlanItem> planItems(const std::vector<ChosenJunk>& chosen, const ItemReview& review);
 
 } // namespace brimlet

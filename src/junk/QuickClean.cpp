@@ -62,7 +62,8 @@ std::vector<DeletionRequest> cleanRequests(std::span<const JunkFinding> junk,
         if (!selection.contains(finding.rule.id))
             continue;
         for (const JunkItem& item : finding.items)
-            requests.push_back({Uuid::random(), item.path, item.size, finding.rule.removal});
+            requests.push_back({Uuid::random(), item.path, item.size, finding.rule.removal, finding.rule.risk,
+                                item.identity});
     }
     return requests;
 }

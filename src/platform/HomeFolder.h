@@ -1,4 +1,4 @@
-// The user's home folder.
+// Where the user and the program are at home.
 #pragma once
 
 #include <string>
@@ -11,5 +11,12 @@ std::string homeFolder();
 
 /// A folder's path with every link in it resolved; the path itself where that can't be told.
 std::string pathWithoutLinks(const std::string& folder);
+
+/// Whether a folder belongs to somebody else than the user for whom this process works: what it wrote there
+/// would not be that user's own any more. A folder that isn't there belongs to nobody.
+bool belongsToAnother(const std::string& folder);
+
+/// The file that this process runs, without links; empty where that can't be told.
+std::string programPath();
 
 } // namespace brimlet

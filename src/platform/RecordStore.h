@@ -1,8 +1,8 @@
 // A folder of the application's own small files, written so that a crash leaves each the old or the new one.
 //
 // The folder is the store's alone; names are plain file names. Processes exclude each other through lock(). A
-// log belongs to the process that made it for as long as that lives. Callable from any thread; blocks on the
-// disk.
+// log belongs to the process that made it for as long as that lives. On a full disk the store still writes,
+// as long as makeRoom() finds something to give. Callable from any thread; blocks on the disk.
 #pragma once
 
 #include "platform/Result.h"
@@ -63,6 +63,9 @@ public:
 
     /// A new log. Only under the lock.
     virtual Result<std::unique_ptr<RecordLog>> createLog(std::string_view name) = 0;
+
+    /// Gives back to the disk what is kept for when it is full. False when there was nothing to give.
+    virtual bool makeRoom() { return false; }
 
     /// A log whose process has ended; null while that still runs.
     virtual Result<std::unique_ptr<RecordLog>> adoptLog(std::string_view name) = 0;

@@ -21,7 +21,7 @@ public:
     virtual ~Volumes() = default;
 
     /// The volume that holds an absolute path; empty where it reports no capacity. An unnamed volume is
-    /// called "Macintosh HD". Any thread; a network volume may take its time.
+    /// called as the system's words say. Any thread; a network volume may take its time.
     virtual std::optional<VolumeInfo> volumeInfo(const std::string& path) const = 0;
 };
 

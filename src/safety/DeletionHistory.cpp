@@ -1,19 +1,10 @@
 #include "safety/DeletionHistory.h"
 
-#include "core/Localized.h"
-#include "safety/HistoryFormat.h"
-#include "safety/JournalRecovery.h"
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <ctime>
 
 namespace brimlet {
 
 namespace {
-
-constexpr std::string_view fileName = "history.json";
 
 UuidSet identifiersOf(const std::vector<HistoryEntry>& entries) {
     UuidSet identifiers;
@@ -22,83 +13,31 @@ UuidSet identifiersOf(const std::vector<HistoryEntry>& entries) {
     return identifiers;
 }
 
-std::string damagedName(int attempt) {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    gmtime_r(&now, &parts);
-    std::array<char, 32> stamp{};
-    const std::size_t length = std::strftime(stamp.data(), stamp.size(), "%Y%m%d-%H%M%S", &parts);
-    const std::string counted = attempt == 0 ? "" : "-" + std::to_string(attempt + 1);
-    return "history.damaged-" + std::string(stamp.data(), length) + counted + ".json";
-}
-
-/// Whether the same call may succeed a moment later, so that nothing is wrong with the file.
-bool isPassing(const PlatformError& error) {
-    const auto codes = {EMFILE, ENFILE, ENOMEM, EINTR, EAGAIN, EIO, ESTALE, ETIMEDOUT, ENXIO, ENODEV};
-    return std::any_of(codes.begin(), codes.end(), [&](int code) { return error == errorFromErrno(code); });
-}
-
-PlatformError refusal(std::string_view sentence) {
-    return {ErrorDomain::posix, EEXIST, std::nullopt, localized(sentence)};
-}
-
 } // namespace
 
 std::string historyFolder(const std::string& homeFolder) {
     return homeFolder + "/Library/Application Support/Brimlet";
 }
 
-DeletionHistory::DeletionHistory(RecordStore& store, FileRemoval& removal)
+DeletionHistory::DeletionHistory(RecordStore& store, FileRemoval& removal, HistoryStart start)
     : m_store(store)
-    , m_removal(removal) {
-    m_entries = readFile().entries;
+    , m_removal(removal)
+    , m_file(store) {
+    m_entries = m_file.read().entries;
     m_base = identifiersOf(m_entries);
-    recover();
-}
-
-std::string DeletionHistory::filePath() const {
-    return m_store.folder() + "/" + std::string(fileName);
-}
-
-DeletionHistory::File DeletionHistory::readFile() {
-    const auto bytes = m_store.read(fileName);
-    if (const PlatformError* error = errorIn(bytes))
-        return {isPassing(*error) ? FileState::unknown : FileState::damaged, {}};
-    const auto* text = std::get_if<std::optional<std::string>>(&bytes);
-    if (!*text)
-        return {FileState::missing, {}};
-    auto entries = historyFromText(**text);
-    if (!entries)
-        return {FileState::damaged, {}};
-    return {FileState::whole, std::move(*entries)};
-}
-
-bool DeletionHistory::keepDamagedFile() {
-    constexpr int mostAttempts = 100; // of one second
-    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        const Failure failure = m_store.rename(fileName, damagedName(attempt));
-        if (!failure)
-            return true;
-        if (failure->code != EEXIST)
-            return false;
-    }
-    return false;
+    if (start == HistoryStart::fileOnly)
+        return;
+    JournalRecovery recovery(m_store, m_removal);
+    take(recovery.complete(), recovery);
+    recovery.tidy({});
 }
 
 bool DeletionHistory::save() {
-    const auto lock = m_store.lock();
-    if (errorIn(lock) != nullptr)
+    m_places.reset();
+    std::optional<std::vector<HistoryEntry>> written = m_file.write(snapshot());
+    if (!written)
         return false;
-    const File file = readFile();
-    if (file.state == FileState::unknown || (file.state == FileState::damaged && !keepDamagedFile()))
-        return false;
-    // A file that is gone or damaged says nothing about what others took away.
-    std::vector<HistoryEntry> merged =
-        file.state == FileState::whole ? mergedHistory(m_base, m_entries, file.entries) : m_entries;
-    applyRestored(merged);
-    if (m_store.replace(fileName, historyText(merged)))
-        return false;
-    m_entries = std::move(merged);
+    m_entries = std::move(*written);
     m_base = identifiersOf(m_entries);
     return true;
 }
@@ -110,7 +49,9 @@ bool DeletionHistory::append(const std::vector<HistoryEntry>& entries) {
 }
 
 bool DeletionHistory::record(const ExecutedRun& run) {
-    const bool saved = run.entries.empty() || append(run.entries);
+    std::vector<HistoryEntry> entries = run.entries;
+    entries.insert(entries.end(), run.parts.begin(), run.parts.end());
+    const bool saved = entries.empty() || append(entries);
     if (saved && run.journal)
         run.journal->settle(m_removal);
     return saved;
@@ -122,79 +63,53 @@ bool DeletionHistory::clear() {
 }
 
 /// Also entries that this process could not read, or that another has added: the next write marks them.
-void DeletionHistory::markRestored(const Uuid& id) {
-    m_restored.insert(id);
-    applyRestored(m_entries);
+void DeletionHistory::markRestored(const UuidSet& entries) {
+    m_restored.insert(entries.begin(), entries.end());
+    m_places.reset();
+    applyRestored(m_entries, m_restored);
 }
 
-void DeletionHistory::applyRestored(std::vector<HistoryEntry>& entries) const {
-    for (HistoryEntry& entry : entries)
-        entry.restored = entry.restored || m_restored.contains(entry.id);
+std::function<RestoreOutcome(const std::stop_token&)>
+DeletionHistory::restoring(std::vector<HistoryEntry> entries) const {
+    return [&store = m_store, &removal = m_removal, known = snapshot(),
+            entries = std::move(entries)](const std::stop_token& stop) {
+        return HistoryRestore(store, removal, known).run(entries, stop);
+    };
+}
+
+void DeletionHistory::adopt(const RestoreOutcome& outcome) {
+    markRestored(outcome.known);
+}
+
+RestoreOutcome DeletionHistory::restore(const std::vector<HistoryEntry>& entries) {
+    RestoreOutcome outcome = restoring(entries)({});
+    adopt(outcome);
+    return outcome;
 }
 
 Failure DeletionHistory::restore(const HistoryEntry& entry) {
-    if (!entry.trashPath)
-        return std::nullopt;
-    RunJournal journal(m_store);
-    const auto note = [&](const PlannedMove& move) {
-        return journal.note({IntentKind::restore, entry, move});
-    };
-    if (auto failure = m_removal.moveBack(*entry.trashPath, entry.originalPath, note)) {
-        journal.settle(m_removal);
-        return failure;
-    }
-    markRestored(entry.id);
-    if (save())
-        journal.settle(m_removal);
-    return std::nullopt;
-}
-
-bool DeletionHistory::isThere(const std::string& path) const {
-    const auto identity = m_removal.identity(path);
-    const auto* found = std::get_if<std::optional<FileIdentity>>(&identity);
-    return found != nullptr && found->has_value();
-}
-
-/// Whether what lies at the entry's place in the Trash can be what it put there: no later entry has used the
-/// name again or taken it away.
-bool DeletionHistory::holdsItsPlace(const HistoryEntry& entry) const {
-    for (const HistoryEntry& later : m_entries) { // newest first
-        if (later.id == entry.id)
-            break;
-        if (later.trashPath == entry.trashPath || (!later.restored && later.originalPath == entry.trashPath))
-            return false;
-    }
-    return true;
-}
-
-bool DeletionHistory::canRestore(const HistoryEntry& entry) const {
-    return !entry.restored && entry.trashPath && holdsItsPlace(entry) && isThere(*entry.trashPath) &&
-           !isThere(entry.originalPath);
+    return entry.trashPath ? restoreIfPossible(entry) : std::nullopt;
 }
 
 Failure DeletionHistory::restoreIfPossible(const HistoryEntry& entry) {
-    if (entry.restored)
-        return refusal("It has been restored already.");
-    if (!entry.trashPath)
-        return refusal("It was deleted permanently.");
-    if (!holdsItsPlace(entry) || !isThere(*entry.trashPath))
-        return refusal("It is no longer in the Trash.");
-    if (isThere(entry.originalPath))
-        return refusal("Something else is in its place now.");
-    return restore(entry);
+    const RestoreOutcome outcome = restore(std::vector<HistoryEntry>{entry});
+    return outcome.refused.empty() ? Failure() : outcome.refused.front().error;
 }
 
-void DeletionHistory::recover() {
-    JournalRecovery recovery(m_store, m_removal);
-    const RecoveredEntries found = recovery.complete();
+bool DeletionHistory::canRestore(const HistoryEntry& entry) const {
+    if (!m_places)
+        m_places.emplace(m_entries);
+    return errorIn(restorable(entry, *m_places, m_removal)) == nullptr;
+}
+
+void DeletionHistory::take(const RecoveredEntries& found, JournalRecovery& recovery) {
     if (found.count() == 0)
         return;
     UuidSet known = identifiersOf(m_entries);
     std::vector<HistoryEntry> missing;
     std::copy_if(found.deleted.begin(), found.deleted.end(), std::back_inserter(missing),
                  [&](const HistoryEntry& entry) { return !known.contains(entry.id); });
-    for (const Uuid& id : found.restored)
-        markRestored(id);
+    markRestored({found.restored.begin(), found.restored.end()});
     if (append(missing))
         recovery.forget();
 }

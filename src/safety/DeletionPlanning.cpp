@@ -38,17 +38,28 @@ std::string deletedMessage(const DeletionReport& report) {
 
 } // namespace
 
-std::optional<DeletionPlan> planOf(const std::vector<PlanItem>& items, std::string_view title) {
+std::optional<DeletionPlan> planOf(std::vector<PlanItem> items, std::string_view title) {
     if (items.empty())
         return std::nullopt;
-    std::unordered_set<std::string_view> selected;
-    for (const PlanItem& item : items)
-        selected.insert(item.path);
-    DeletionPlan plan;
-    plan.title = title;
-    std::copy_if(items.begin(), items.end(), std::back_inserter(plan.items),
-                 [&](const PlanItem& item) { return !hasSelectedAncestor(item.path, selected); });
-    return plan;
+    std::vector<bool> isNested(items.size());
+    {
+        std::unordered_set<std::string_view> selected;
+        selected.reserve(items.size());
+        for (const PlanItem& item : items)
+            selected.insert(item.path);
+        for (std::size_t i = 0; i < items.size(); ++i)
+            isNested[i] = hasSelectedAncestor(items[i].path, selected);
+    }
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (isNested[i])
+            continue;
+        if (kept != i)
+            items[kept] = std::move(items[i]);
+        ++kept;
+    }
+    items.resize(kept);
+    return DeletionPlan{Uuid::random(), std::string(title), std::move(items)};
 }
 
 std::vector<DeletionRequest> requestsOf(const DeletionPlan& plan, ReviewItems review,
@@ -59,7 +70,7 @@ std::vector<DeletionRequest> requestsOf(const DeletionPlan& plan, ReviewItems re
             continue;
         const Removal removal =
             preference == RemovalPreference::permanent ? Removal::permanent : item.removal;
-        requests.push_back({Uuid::random(), item.path, item.size, removal});
+        requests.push_back({Uuid::random(), item.path, item.size, removal, item.verdict.risk, item.identity});
     }
     return requests;
 }

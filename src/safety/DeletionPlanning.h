@@ -12,7 +12,7 @@
 namespace brimlet {
 
 /// A plan of the items that lie in no other item, in the order given. Empty when there are no items.
-std::optional<DeletionPlan> planOf(const std::vector<PlanItem>& items, std::string_view title);
+std::optional<DeletionPlan> planOf(std::vector<PlanItem> items, std::string_view title);
 
 /// Whether the user has accepted the items that need a look.
 enum class ReviewItems { leaveOut, include };

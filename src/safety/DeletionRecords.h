@@ -1,6 +1,7 @@
 // The plain values that a removal passes through: plan, requests, report, history entries.
 #pragma once
 
+#include "platform/EntryIdentity.h"
 #include "safety/JunkRule.h"
 #include "safety/Risk.h"
 #include "safety/Uuid.h"
@@ -19,6 +20,8 @@ struct PlanItem {
     std::int64_t size = 0; ///< bytes that this item will free
     Removal removal = Removal::trash;
     SafetyVerdict verdict; ///< at the time the plan was built
+    /// What it was when it was judged; empty where nothing was there, or that can't be told.
+    std::optional<PlacedIdentity> identity = std::nullopt;
     bool operator==(const PlanItem&) const = default;
 };
 
@@ -35,7 +38,9 @@ struct DeletionRequest {
     Uuid id = Uuid::random();
     std::string path;
     std::int64_t size = 0;
-    Removal removal = Removal::trash; ///< the effective way of removal
+    Removal removal = Removal::trash;                      ///< the effective way of removal
+    Risk acceptedRisk = Risk::safe;                        ///< what the user was told of it, and went ahead
+    std::optional<PlacedIdentity> identity = std::nullopt; ///< what was judged; without it nothing goes
     bool operator==(const DeletionRequest&) const = default;
 };
 
@@ -54,6 +59,7 @@ struct DeletionReport {
     std::vector<std::string> deletedPaths;         ///< gone from their places, both ways, in request order
     std::vector<DeletionFailure> failures;         ///< what the file system refused
     std::vector<DeletionFailure> skippedProtected; ///< what the policy refused
+    std::vector<DeletionFailure> remarks;          ///< on what is gone all the same: what its copy lacks
     bool operator==(const DeletionReport&) const = default;
 };
 
@@ -65,6 +71,7 @@ struct HistoryEntry {
     std::optional<std::string> trashPath; ///< empty for a permanent deletion
     std::int64_t size = 0;
     bool restored = false;
+    std::optional<FileIdentity> identity = std::nullopt; ///< of what arrived in the Trash, where it is known
     bool operator==(const HistoryEntry&) const = default;
 };
 

@@ -21,6 +21,17 @@ const FolderTable::Folder* FolderTable::Folder::child(std::string_view childName
     return found != children.end() ? &*found : nullptr;
 }
 
+std::optional<std::size_t> FolderTable::Folder::firstRow() const {
+    std::optional<std::size_t> first;
+    if (!rows.empty())
+        first = rows.front();
+    for (const Folder& below : children) {
+        if (const auto row = below.firstRow())
+            first = std::min(first.value_or(*row), *row);
+    }
+    return first;
+}
+
 void FolderTable::add(std::string_view folder) {
     Folder* place = &m_root;
     while (!folder.empty()) {
@@ -60,6 +71,13 @@ std::optional<std::size_t> FolderTable::firstCovering(std::string_view path) con
             first = std::min(first.value_or(folder.rows.front()), folder.rows.front());
     });
     return first;
+}
+
+std::optional<std::size_t> FolderTable::firstWithin(std::string_view path) const {
+    const Folder* folder = &m_root;
+    for (std::string_view rest = path; folder != nullptr && !rest.empty();)
+        folder = folder->child(takeComponent(rest));
+    return folder != nullptr ? folder->firstRow() : std::nullopt;
 }
 
 std::vector<std::size_t> FolderTable::rowsAbove(std::string_view path) const {

@@ -24,6 +24,9 @@ public:
     /// The first row whose folder is this path or lies above it.
     std::optional<std::size_t> firstCovering(std::string_view path) const;
 
+    /// The first row whose folder is this path or lies below it. A slash at the path's end changes nothing.
+    std::optional<std::size_t> firstWithin(std::string_view path) const;
+
     /// The rows whose folders lie above this path, in table order.
     std::vector<std::size_t> rowsAbove(std::string_view path) const;
 
@@ -34,6 +37,7 @@ private:
         std::vector<std::size_t> rows;
 
         const Folder* child(std::string_view childName) const;
+        std::optional<std::size_t> firstRow() const; ///< of this folder and all below it
     };
     enum class Relation { above, same };
 

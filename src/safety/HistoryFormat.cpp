@@ -42,6 +42,8 @@ Json historyJson(const HistoryEntry& entry) {
         object["trashPath"] = jsonString(*entry.trashPath);
     object["size"] = entry.size;
     object["restored"] = entry.restored;
+    if (entry.identity)
+        object["identity"] = *entry.identity;
     return object;
 }
 
@@ -68,6 +70,9 @@ std::optional<HistoryEntry> historyFromJson(const Json& object) {
             return std::nullopt;
         entry.trashPath = bytesOf(*trashPath);
     }
+    const Json* identity = member(object, "identity");
+    if (identity != nullptr && identity->is_string())
+        entry.identity = bytesOf(*identity);
     return entry;
 }
 

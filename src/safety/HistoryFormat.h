@@ -1,6 +1,7 @@
 // The history's file format: a JSON array of objects with the keys "id", "date", "originalPath", "trashPath",
 // "size" and "restored", newest first. An identifier is upper-case text, a date the number of seconds since
-// 2001-01-01 00:00:00 UTC, "trashPath" is left out when there is none.
+// 2001-01-01 00:00:00 UTC, "trashPath" is left out when there is none. "identity" tells what arrived in the
+// Trash; it may be missing, and who doesn't know it passes over it.
 #pragma once
 
 #include "safety/DeletionRecords.h"

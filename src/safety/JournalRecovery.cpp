@@ -11,7 +11,8 @@ namespace {
 /// A folder that is gone for good never answers again.
 bool isGivenUp(const Intent& intent) {
     constexpr double longestWait = 30.0 * 24 * 3600;
-    return intent.move.setAside.empty() && historyDateNow() - intent.entry.date > longestWait;
+    const bool holdsNothingWanted = intent.move.setAside.empty() || intent.kind == IntentKind::remove;
+    return holdsNothingWanted && historyDateNow() - intent.entry.date > longestWait;
 }
 
 } // namespace
@@ -23,15 +24,14 @@ bool JournalRecovery::hasJournals() {
            std::any_of(names->begin(), names->end(), [](const auto& name) { return isJournalName(name); });
 }
 
-RecoveredEntries JournalRecovery::complete() {
-    RecoveredEntries found;
+void JournalRecovery::adoptJournals() {
     if (!hasJournals()) // the lock would make a folder where there is none
-        return found;
-    const auto lock = m_store.lock();
+        return;
+    const auto lock = m_store.lock(); // a new journal is another's from its first moment
     const auto listed = m_store.names();
     const auto* names = std::get_if<std::vector<std::string>>(&listed);
     if (errorIn(lock) != nullptr || names == nullptr)
-        return found;
+        return;
     for (const std::string& name : *names) {
         if (!isJournalName(name))
             continue;
@@ -40,81 +40,90 @@ RecoveredEntries JournalRecovery::complete() {
         if (log == nullptr || *log == nullptr)
             continue;
         const Result<std::string> text = (*log)->content();
-        if (errorIn(text) != nullptr)
-            continue;
-        completeRun(name, std::move(*log), intentsFromText(*std::get_if<std::string>(&text)), found);
+        if (errorIn(text) == nullptr)
+            m_runs.push_back(
+                {name, std::move(*log), intentsFromText(*std::get_if<std::string>(&text)), {}, true});
+    }
+}
+
+RecoveredEntries JournalRecovery::complete() {
+    adoptJournals();
+    RecoveredEntries found;
+    for (DeadRun& run : m_runs) {
+        for (const Intent& intent : run.intents) {
+            const std::size_t before = found.count();
+            run.isAnswered = (completeIntent(intent, found) || isGivenUp(intent)) && run.isAnswered;
+            if (found.count() > before)
+                run.yielded.push_back(intent.entry.id);
+        }
     }
     return found;
 }
 
-void JournalRecovery::completeRun(const std::string& name, std::unique_ptr<RecordLog> log,
-                                  const std::vector<Intent>& intents, RecoveredEntries& found) {
-    bool isFinished = true;
-    std::vector<Uuid> yielded;
-    for (const Intent& intent : intents) {
-        const std::size_t before = found.count();
-        isFinished = (completeIntent(intent, found) || isGivenUp(intent)) && isFinished;
-        if (found.count() > before)
-            yielded.push_back(intent.entry.id);
-    }
-    if (!isFinished)
-        m_unfinished.emplace_back(std::move(log), std::move(yielded));
-    else if (yielded.empty())
-        (void)m_store.remove(name);
-    else
-        m_finished.emplace_back(name, std::move(log));
-}
-
 void JournalRecovery::forget() {
-    for (const auto& [log, yielded] : m_unfinished) {
-        for (const Uuid& entry : yielded)
-            (void)log->append(recordedText(entry), Durability::survivesCrash);
+    for (DeadRun& run : m_runs) {
+        std::string text;
+        for (const Uuid& entry : run.yielded)
+            text += recordedText(entry);
+        if (!text.empty())
+            (void)run.log->append(text, Durability::survivesCrash);
+        run.yielded.clear();
     }
-    m_unfinished.clear();
-    for (const auto& [name, log] : m_finished)
-        (void)m_store.remove(name);
-    m_finished.clear();
 }
 
-/// Whether nothing of this intent is left to be done at another start.
+void JournalRecovery::tidy(const std::stop_token& stop) {
+    for (const DeadRun& run : m_runs) {
+        bool isFinished = run.isAnswered && run.yielded.empty();
+        for (const Intent& intent : run.intents) {
+            for (const std::string& path : intent.move.scratch)
+                isFinished = (!m_removal.removeScratch(path, stop) || isGivenUp(intent)) && isFinished;
+        }
+        if (isFinished)
+            (void)m_store.remove(run.name);
+    }
+    m_runs.clear();
+}
+
+/// Whether nothing of this intent is left to be found out at another start.
 bool JournalRecovery::completeIntent(const Intent& intent, RecoveredEntries& found) {
-    const bool isTidy = tidy(intent);
-    HistoryEntry entry = intent.entry;
     const bool isRemoval = intent.kind == IntentKind::remove;
+    bool isAnswered = true;
+    bool mayHaveBeenAside = false;
+    if (!intent.move.setAside.empty()) {
+        const auto aside = m_removal.identity(intent.move.setAside);
+        mayHaveBeenAside = aside != Result<std::optional<FileIdentity>>();
+        isAnswered = hasReturned(intent);
+    }
+    HistoryEntry entry = intent.entry;
     const std::string& place = isRemoval ? entry.originalPath : intent.move.destination;
-    if (place.empty() || intent.isRecorded)
-        return isTidy;
+    if (place.empty() || intent.isRecorded || (isRemoval && mayHaveBeenAside))
+        return isAnswered;
     const auto answer = m_removal.identity(place);
     const auto* there = std::get_if<std::optional<FileIdentity>>(&answer);
     if (there == nullptr) // the disk may answer another start
         return false;
     if (isRemoval) {
-        // A folder was set aside by its identity; what is called so now is another one.
-        const bool isAnother = !intent.move.scratch.empty() && *there != intent.move.identity;
-        if (isTidy && (!*there || isAnother))
+        // A folder goes under another name; what is called so now is another one.
+        const bool isAnother = !intent.move.setAside.empty() && *there != intent.move.identity;
+        if (!*there || isAnother)
             found.deleted.push_back(std::move(entry));
     } else if (*there == intent.move.identity) {
         if (intent.kind == IntentKind::restore) {
             found.restored.push_back(entry.id);
         } else {
             entry.trashPath = place;
+            entry.identity = intent.move.identity;
             found.deleted.push_back(std::move(entry));
         }
     }
-    return isTidy;
+    return isAnswered;
 }
 
-bool JournalRecovery::tidy(const Intent& intent) {
-    bool isTidy = true;
-    if (!intent.move.setAside.empty()) {
-        const std::string& place = intent.kind == IntentKind::restore
-                                       ? intent.entry.trashPath.value_or(std::string())
-                                       : intent.entry.originalPath;
-        isTidy = !m_removal.returnToPlace(intent.move.setAside, place);
-    }
-    for (const std::string& path : intent.move.scratch)
-        isTidy = !m_removal.removeScratch(path) && isTidy;
-    return isTidy;
+bool JournalRecovery::hasReturned(const Intent& intent) {
+    const bool isRestore = intent.kind == IntentKind::restore;
+    const std::string place =
+        isRestore ? intent.entry.trashPath.value_or(std::string()) : intent.entry.originalPath;
+    return !m_removal.returnToPlace(intent.move.setAside, place);
 }
 
 } // namespace brimlet

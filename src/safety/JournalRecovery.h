@@ -1,4 +1,9 @@
-// Looks after the journals of runs that died: what they had begun is either true by now or never happened.
+// Looks after the journals of runs that died: what they had begun is either true by now or never happened,
+// and what they had set aside gets its name back.
+//
+// complete(), then forget() once the history holds what that gave, then tidy(). The store's lock is held only
+// while the journals are taken over; they stay this recovery's as long as it lives. One thread at a time, but
+// each step may be on another.
 #pragma once
 
 #include "platform/FileRemoval.h"
@@ -6,8 +11,8 @@
 #include "safety/RunJournal.h"
 
 #include <memory>
+#include <stop_token>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace brimlet {
@@ -25,27 +30,35 @@ public:
         : m_store(store)
         , m_removal(removal) {}
 
-    /// Finds what dead runs did and removes their scratch. Journals that yield entries stay until forget(),
-    /// those about which the disk gives no answer until another start, or for a month where nothing of the
-    /// user's is set aside.
+    /// Finds what dead runs did and gives back what they had set aside. Some renames and looks for each item;
+    /// nothing is removed.
     RecoveredEntries complete();
 
-    /// Removes the journals, once the history holds what complete() gave. Those that stay say so from now on.
+    /// Says that the history holds what complete() gave: it is not given again.
     void forget();
 
+    /// Removes the scratch of dead runs, which may be large, and their journals. Those that yielded entries
+    /// which were not forgotten stay; so do those about which the disk gives no answer, for a month where
+    /// nothing of the user's is set aside. What is left when stopped is for another start.
+    void tidy(const std::stop_token& stop);
+
 private:
+    struct DeadRun {
+        std::string name;
+        std::unique_ptr<RecordLog> log; ///< locked
+        std::vector<Intent> intents;
+        std::vector<Uuid> yielded;
+        bool isAnswered = true; ///< the disk has told what became of every item
+    };
+
     bool hasJournals();
-    void completeRun(const std::string& name, std::unique_ptr<RecordLog> log,
-                     const std::vector<Intent>& intents, RecoveredEntries& found);
+    void adoptJournals();
     bool completeIntent(const Intent& intent, RecoveredEntries& found);
-    bool tidy(const Intent& intent);
+    bool hasReturned(const Intent& intent);
 
     RecordStore& m_store;
     FileRemoval& m_removal;
-    std::vector<std::pair<std::string, std::unique_ptr<RecordLog>>>
-        m_finished; ///< kept locked until forgotten
-    std::vector<std::pair<std::unique_ptr<RecordLog>, std::vector<Uuid>>>
-        m_unfinished; ///< with the entries that they yielded
+    std::vector<DeadRun> m_runs;
 };
 
 } // namespace brimlet

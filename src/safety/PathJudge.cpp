@@ -12,8 +12,9 @@ PathJudge judgeByBothHomes(const SafetyPolicy& policy, std::string homeFolder, s
         SafetyVerdict verdict = policy.verdict(path);
         if (real == home || (path != real && !isBelow(path, real)))
             return verdict;
-        SafetyVerdict asCalled = policy.verdict(home + std::string(path.substr(real.size())));
-        return asCalled.risk > verdict.risk ? asCalled : verdict;
+        return verdict.risk == Risk::protected_
+                   ? verdict
+                   : policy.verdict(home + std::string(path.substr(real.size())));
     };
 }
 

@@ -15,7 +15,8 @@ using PathJudge = std::function<SafetyVerdict(std::string_view path)>;
 class SafetyPolicy;
 
 /// A judge for a home folder that has two paths: as it is called, which the policy knows, and without links.
-/// A path below the second is judged by both, and the stricter verdict counts. The policy must outlive it.
+/// A path below the second gets the verdict of the first, unless it is protected by itself: the policy knows
+/// nothing else of what lies there. The policy must outlive it.
 PathJudge judgeByBothHomes(const SafetyPolicy& policy, std::string homeFolder, std::string realHomeFolder);
 
 } // namespace brimlet

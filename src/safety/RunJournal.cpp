@@ -110,38 +110,48 @@ RunJournal::RunJournal(RecordStore& store)
     : m_store(store)
     , m_name(std::string(prefix) + Uuid::random().text() + std::string(suffix)) {}
 
-Failure RunJournal::note(const Intent& intent) {
-    if (!m_log) {
-        const auto lock = m_store.lock();
-        if (const PlatformError* error = errorIn(lock))
-            return *error;
-        Result<std::unique_ptr<RecordLog>> log = m_store.createLog(m_name);
-        if (const PlatformError* error = errorIn(log))
-            return *error;
-        m_log = valueOf(std::move(log));
-    }
-    for (const std::string& path : intent.move.scratch)
-        m_scratch.push_back({path, intent.entry.id});
-    if (!intent.move.setAside.empty())
-        m_scratch.push_back({intent.move.setAside, intent.entry.id});
-    const bool mayOnlyDie = intent.kind == IntentKind::remove && intent.move.scratch.empty();
-    return m_log->append(intentText(intent),
-                         mayOnlyDie ? Durability::survivesCrash : Durability::survivesPowerCut);
+Failure RunJournal::open() {
+    if (m_log)
+        return std::nullopt;
+    const auto lock = m_store.lock();
+    if (const PlatformError* error = errorIn(lock))
+        return *error;
+    Result<std::unique_ptr<RecordLog>> log = m_store.createLog(m_name);
+    if (const PlatformError* error = errorIn(log))
+        return *error;
+    m_log = valueOf(std::move(log));
+    return std::nullopt;
 }
 
-void RunJournal::removalDone(const Uuid& entry) {
-    for (auto last = m_scratch.rbegin(); last != m_scratch.rend() && last->entry == entry; ++last)
-        last->isDone = true;
+Failure RunJournal::note(std::span<const Intent> intents) {
+    if (auto failure = open())
+        return failure;
+    std::string text;
+    Durability durability = Durability::survivesCrash;
+    for (const Intent& intent : intents) {
+        for (const std::string& path : intent.move.scratch)
+            m_scratch.emplace(intent.entry.id, path);
+        if (!intent.move.setAside.empty())
+            m_scratch.emplace(intent.entry.id, intent.move.setAside);
+        const bool mayOnlyDie =
+            intent.kind == IntentKind::remove && intent.move.scratch.empty() && intent.move.setAside.empty();
+        if (!mayOnlyDie)
+            durability = Durability::survivesPowerCut;
+        text += intentText(intent);
+    }
+    return m_log->append(text, durability);
+}
+
+void RunJournal::close(const Uuid& entry) {
+    m_scratch.erase(entry);
 }
 
 void RunJournal::settle(FileRemoval& removal) {
     if (!m_log)
         return;
-    const bool clean = std::all_of(m_scratch.begin(), m_scratch.end(), [&](const Scratch& scratch) {
-        const auto identity = removal.identity(scratch.path);
-        if (const PlatformError* error = errorIn(identity))
-            return scratch.isDone && *error == errorFromErrno(ENOENT);
-        return !*std::get_if<std::optional<FileIdentity>>(&identity);
+    const bool clean = std::all_of(m_scratch.begin(), m_scratch.end(), [&](const auto& scratch) {
+        const auto identity = removal.identity(scratch.second);
+        return errorIn(identity) == nullptr && !*std::get_if<std::optional<FileIdentity>>(&identity);
     });
     if (clean)
         (void)m_store.remove(m_name);

@@ -2,19 +2,24 @@
 //
 // Protocol. Each run has a log of its own beside the history, "run-<identifier>.journal", locked while the
 // run's process lives. Before an item is renamed its intent is appended, one JSON object on a line: the
-// history entry to be, the identity by which the item will be known at its destination, and the scratch
-// entries that the move makes. An intent that replaces an earlier one has the same entry identifier; the last
-// one counts. The log goes when the history holds the run's entries and no scratch is left. A log without a
-// living owner is what recovery reads. One thread at a time.
+// history entry to be, the identity by which the item will be known at its destination, the scratch entries
+// that the move makes, and what the item is called while it is removed. Intents of many items are appended
+// together; that an intent stands there does not say that its turn has come. An intent that replaces an
+// earlier one has the same entry identifier; the last one counts. The log goes when the history holds the
+// run's entries and no scratch is left. A log without a living owner is what recovery reads. One thread at a
+// time.
 #pragma once
 
 #include "platform/FileRemoval.h"
 #include "platform/RecordStore.h"
 #include "safety/DeletionRecords.h"
+#include "safety/HistoryMerge.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace brimlet {
@@ -33,28 +38,25 @@ public:
     /// store   must outlive the journal
     explicit RunJournal(RecordStore& store);
 
-    /// Appends an intent. A move into or out of the Trash is on the disk when this returns; a removal need
-    /// only survive the process, unless it makes scratch.
-    Failure note(const Intent& intent);
+    /// Appends intents with one write and at most one sync. Moves into or out of the Trash are on the disk
+    /// when this returns; a removal need only survive the process, unless it makes scratch or sets aside. On
+    /// an error none counts as noted.
+    Failure note(std::span<const Intent> intents);
 
-    /// Says that a noted removal is over: its scratch may go together with the folder that held it.
-    void removalDone(const Uuid& entry);
+    /// Says that nothing of a noted move is left to look for: it has done all, or never began.
+    void close(const Uuid& entry);
 
     /// Ends the journal, once the history holds what came of its intents. It stays when scratch is left on
     /// the disk.
     void settle(FileRemoval& removal);
 
 private:
+    Failure open();
+
     RecordStore& m_store;
     std::string m_name;
-    std::unique_ptr<RecordLog> m_log; ///< made at the first note
-    struct Scratch {
-        std::string path;
-        Uuid entry; ///< whose move has made it
-        bool isDone = false;
-    };
-
-    std::vector<Scratch> m_scratch;
+    std::unique_ptr<RecordLog> m_log;                               ///< made at the first note
+    std::unordered_multimap<Uuid, std::string, UuidHash> m_scratch; ///< by the entry whose move makes it
 };
 
 /// Whether a file of the store is a journal.

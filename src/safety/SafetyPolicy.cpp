@@ -5,7 +5,6 @@
 #include "platform/BundleReader.h"
 #include "platform/RunningApplications.h"
 #include "safety/FolderTable.h"
-#include "safety/SafetyTables.h"
 
 #include <algorithm>
 #include <optional>
@@ -22,15 +21,13 @@ struct Judgement {
 };
 
 constexpr Judgement rootFolder = {Risk::protected_, "Root folder of the system or your user account."};
-constexpr Judgement emptiedFolder = {
-    Risk::protected_, "Folder used by macOS. Brimlet empties its contents but keeps the folder."};
 constexpr Judgement standardFolder = {
     Risk::protected_,
     "Standard folder in your user account. You can delete its contents, but not the folder."};
 constexpr Judgement application = {Risk::review, "Application. Use Uninstall to remove its data too."};
 
-bool isOneOf(std::string_view path, auto&&... others) {
-    return ((path == others) || ...);
+bool isOneOf(std::string_view text, std::span<const std::string_view> texts) {
+    return std::ranges::find(texts, text) != texts.end();
 }
 
 bool hasFewerThanTwoComponents(std::string_view path) {
@@ -51,54 +48,33 @@ bool coversByName(const PlaceRow& row, std::string_view belowHome) {
     return rest.empty() || rest.front() == '/' || rest.front() == '.';
 }
 
-/// The judgement on a path that is `belowHome` in the home folder.
-std::optional<Judgement> judgePlaceInHome(std::string_view belowHome) {
-    if (std::ranges::find(standardFolders, belowHome) != standardFolders.end())
-        return standardFolder;
-    const auto row = std::ranges::find_if(
-        userTable, [&](const PlaceRow& candidate) { return coversByName(candidate, belowHome); });
-    if (row == userTable.end())
-        return std::nullopt;
-    return Judgement{row->risk, row->reason};
-}
-
-/// The sentence about a part of a package; empty for a path that isn't inside one.
-std::optional<std::string> insidePackageReason(std::string_view path) {
-    const auto marker = std::ranges::find_if(packageMarkers, [&](std::string_view candidate) {
-        return path.find(candidate) != std::string_view::npos;
-    });
-    if (marker == packageMarkers.end())
-        return std::nullopt;
-    std::string reason = localized("Inside a %1 package. Deleting individual pieces corrupts it; remove the "
-                                   "whole package if you no longer use it.");
-    if (const std::size_t place = reason.find("%1"); place != std::string::npos)
-        reason.replace(place, 2, marker->substr(0, marker->size() - 1));
-    return reason;
-}
-
 } // namespace
 
-struct SafetyPolicy::Tables {
+struct SafetyPolicy::Places {
+    SafetyTables tables;
     std::string home;
-    std::string belowHome; ///< the home folder and a slash
     std::string trash;
     std::span<const JunkRule> rules;
-    FolderTable systemFolders; ///< rows of systemTable
+    FolderTable systemFolders; ///< rows of tables.systemPlaces
     FolderTable bases;         ///< rows of `rules`
     std::vector<std::size_t> baseLengths;
     const BundleReader& bundles;
     const RunningApplications& running;
 
+    /// What follows the home folder and a slash; empty for what lies elsewhere.
+    std::string_view belowHome(std::string_view path) const;
     std::optional<Judgement> judgeFixedPlace(std::string_view path) const;
+    std::optional<Judgement> judgePlaceInHome(std::string_view belowHome) const;
+    std::optional<std::string> insidePackageReason(std::string_view path) const;
     Judgement judgeApplication(const std::string& bundlePath) const;
     Judgement judgeRemaining(std::string_view path) const;
 };
 
-SafetyPolicy::SafetyPolicy(std::string homeFolder, std::span<const JunkRule> rules,
-                           const BundleReader& bundles, const RunningApplications& running) {
-    const std::string belowHome = homeFolder + "/";
+SafetyPolicy::SafetyPolicy(std::string homeFolder, const SafetyTables& tables,
+                           std::span<const JunkRule> rules, const BundleReader& bundles,
+                           const RunningApplications& running) {
     FolderTable systemFolders;
-    for (const PlaceRow& row : systemTable)
+    for (const PlaceRow& row : tables.systemPlaces)
         systemFolders.add(row.path);
     FolderTable bases;
     std::vector<std::size_t> baseLengths;
@@ -107,9 +83,10 @@ SafetyPolicy::SafetyPolicy(std::string homeFolder, std::span<const JunkRule> rul
         bases.add(base);
         baseLengths.push_back(base.size());
     }
-    m_tables = std::unique_ptr<const Tables>(new Tables{.home = std::move(homeFolder),
-                                                        .belowHome = belowHome,
-                                                        .trash = belowHome + ".Trash",
+    std::string trash = homeFolder + "/" + std::string(tables.trash);
+    m_places = std::unique_ptr<const Places>(new Places{.tables = tables,
+                                                        .home = std::move(homeFolder),
+                                                        .trash = std::move(trash),
                                                         .rules = rules,
                                                         .systemFolders = std::move(systemFolders),
                                                         .bases = std::move(bases),
@@ -121,9 +98,9 @@ SafetyPolicy::SafetyPolicy(std::string homeFolder, std::span<const JunkRule> rul
 SafetyPolicy::~SafetyPolicy() = default;
 
 const JunkRule* SafetyPolicy::rule(std::string_view coveringPath) const {
-    for (const std::size_t row : m_tables->bases.rowsAbove(coveringPath)) {
-        const JunkRule& rule = m_tables->rules[row];
-        const std::string_view topItem = firstComponent(coveringPath.substr(m_tables->baseLengths[row]));
+    for (const std::size_t row : m_places->bases.rowsAbove(coveringPath)) {
+        const JunkRule& rule = m_places->rules[row];
+        const std::string_view topItem = firstComponent(coveringPath.substr(m_places->baseLengths[row]));
         if (rule.excludes(topItem))
             return nullptr;
         if (rule.admitsExtensionOf(topItem))
@@ -132,43 +109,84 @@ const JunkRule* SafetyPolicy::rule(std::string_view coveringPath) const {
     return nullptr;
 }
 
+std::vector<ProtectedPlace> SafetyPolicy::protectedPlaces() const {
+    std::vector<ProtectedPlace> places;
+    for (const PlaceRow& row : m_places->tables.systemPlaces)
+        places.push_back({std::string(row.path), PlaceReach::itself});
+    for (const PlaceRow& row : m_places->tables.homePlaces) {
+        if (row.risk == Risk::protected_)
+            places.push_back({m_places->home + "/" + std::string(row.path), PlaceReach::family});
+    }
+    for (const JunkRule& rule : m_places->rules)
+        places.push_back({rule.resolvedBase(m_places->home), PlaceReach::itself});
+    return places;
+}
+
 // The order of the questions is the policy; each takes what the ones before it have left.
 SafetyVerdict SafetyPolicy::verdict(std::string_view forPath) const {
     const auto give = [](const Judgement& judgement) {
         return SafetyVerdict{judgement.risk, localized(judgement.reason)};
     };
     const std::string_view path = normalisedPath(forPath);
-    if (const auto judgement = m_tables->judgeFixedPlace(path))
+    if (const auto judgement = m_places->judgeFixedPlace(path))
         return give(*judgement);
     if (const JunkRule* covering = rule(path))
         return give({covering->risk, covering->explanation});
-    if (path.starts_with(m_tables->belowHome)) {
-        if (const auto judgement = judgePlaceInHome(path.substr(m_tables->belowHome.size())))
-            return give(*judgement);
-    }
-    if (auto reason = insidePackageReason(path))
+    if (const auto judgement = m_places->judgePlaceInHome(m_places->belowHome(path)))
+        return give(*judgement);
+    if (auto reason = m_places->insidePackageReason(path))
         return {Risk::protected_, *std::move(reason)};
-    if (path.ends_with(".app"))
-        return give(m_tables->judgeApplication(std::string(forPath)));
-    return give(m_tables->judgeRemaining(path));
+    if (path.ends_with(m_places->tables.applications.suffix))
+        return give(m_places->judgeApplication(std::string(forPath)));
+    return give(m_places->judgeRemaining(path));
 }
 
-std::optional<Judgement> SafetyPolicy::Tables::judgeFixedPlace(std::string_view path) const {
-    if (isOneOf(path, "/", home, "/Users", "/Applications", "/Library") || hasFewerThanTwoComponents(path))
+std::string_view SafetyPolicy::Places::belowHome(std::string_view path) const {
+    return isBelow(path, home) ? path.substr(home.size() + 1) : std::string_view();
+}
+
+std::optional<Judgement> SafetyPolicy::Places::judgeFixedPlace(std::string_view path) const {
+    if (path == home || isOneOf(path, tables.roots) || hasFewerThanTwoComponents(path))
         return rootFolder;
     if (const auto row = systemFolders.firstCovering(path))
-        return Judgement{systemTable[*row].risk, systemTable[*row].reason};
+        return Judgement{tables.systemPlaces[*row].risk, tables.systemPlaces[*row].reason};
     if (bases.contains(path) || path == trash)
-        return emptiedFolder;
+        return Judgement{Risk::protected_, tables.emptiedFolder};
     return std::nullopt;
 }
 
-Judgement SafetyPolicy::Tables::judgeApplication(const std::string& bundlePath) const {
+std::optional<Judgement> SafetyPolicy::Places::judgePlaceInHome(std::string_view belowHome) const {
+    if (belowHome.empty())
+        return std::nullopt;
+    if (isOneOf(belowHome, tables.standardFolders))
+        return standardFolder;
+    const auto row = std::ranges::find_if(
+        tables.homePlaces, [&](const PlaceRow& candidate) { return coversByName(candidate, belowHome); });
+    if (row == tables.homePlaces.end())
+        return std::nullopt;
+    return Judgement{row->risk, row->reason};
+}
+
+/// The sentence about a part of a package; empty for a path that isn't inside one.
+std::optional<std::string> SafetyPolicy::Places::insidePackageReason(std::string_view path) const {
+    const auto marker = std::ranges::find_if(tables.packageMarkers, [&](std::string_view candidate) {
+        return path.find(candidate) != std::string_view::npos;
+    });
+    if (marker == tables.packageMarkers.end())
+        return std::nullopt;
+    std::string reason = localized("Inside a %1 package. Deleting individual pieces corrupts it; remove the "
+                                   "whole package if you no longer use it.");
+    if (const std::size_t place = reason.find("%1"); place != std::string::npos)
+        reason.replace(place, 2, marker->substr(0, marker->size() - 1));
+    return reason;
+}
+
+Judgement SafetyPolicy::Places::judgeApplication(const std::string& bundlePath) const {
     const std::optional<std::string> identifier = bundles.identifier(bundlePath);
     if (!identifier)
         return application;
-    if (identifier->starts_with("com.apple."))
-        return {Risk::protected_, "Apple app included with macOS or required by the system."};
+    if (identifier->starts_with(tables.applications.systemIdentifier))
+        return {Risk::protected_, tables.applications.systemReason};
     if (std::ranges::count(running.identifiers(), *identifier) > 0)
         return {Risk::protected_, "The app is open. Quit it before removing it."};
     if (identifier == bundles.ownIdentifier())
@@ -176,24 +194,19 @@ Judgement SafetyPolicy::Tables::judgeApplication(const std::string& bundlePath) 
     return application;
 }
 
-Judgement SafetyPolicy::Tables::judgeRemaining(std::string_view path) const {
-    const auto inHome = [&](std::string_view folder) {
-        return path.starts_with(belowHome) && path.substr(belowHome.size()).starts_with(folder);
-    };
-    const auto inAnyOf = [&](auto&&... folders) { return (path.starts_with(folders) || ...); };
-    if (path.ends_with(".photoslibrary") || path.ends_with(".musiclibrary"))
-        return {Risk::protected_, "Your photo or music library. Manage it from its app."};
-    if (inHome("Library/"))
-        return {Risk::review, "App data. The app may lose settings or content if it’s still installed."};
-    if (inAnyOf("/Library/", "/private/", "/usr/", "/opt/"))
-        return {Risk::review,
-                "Shared file used by the system or a tool. May require an administrator password."};
-    if (inHome("Downloads/"))
-        return {Risk::safe, "Download. Make sure you don’t need it."};
-    if (inHome(".Trash/"))
-        return {Risk::safe, "Already in the Trash."};
-    if (inHome(""))
-        return {Risk::review, "Personal file. Make sure you have a backup if it matters."};
+Judgement SafetyPolicy::Places::judgeRemaining(std::string_view path) const {
+    for (const LibraryRow& row : tables.libraries)
+        if (path.ends_with(row.suffix))
+            return {Risk::protected_, row.reason};
+    const bool inHome = isBelow(path, home);
+    const std::string_view below = belowHome(path);
+    for (const PlaceRow& row : tables.remainingPlaces) {
+        const bool covers = row.path.starts_with('/')
+                                ? isBelow(path, row.path)
+                                : inHome && (row.path.empty() || isBelow(below, row.path));
+        if (covers)
+            return {row.risk, row.reason};
+    }
     return {Risk::review, "Review before deleting."};
 }
 

@@ -1,10 +1,10 @@
-// What the safety policy knows about places of a Mac, as data. The order of each table is part of its
-// meaning: the first row that applies decides. Texts are English keys of the translation look-up.
+// What the safety policy knows of the places of one operating system, as data. The order of each table is
+// part of its meaning: the first row that applies decides. Texts are English keys of the translation look-up.
 #pragma once
 
 #include "safety/Risk.h"
 
-#include <array>
+#include <span>
 #include <string_view>
 
 namespace brimlet {
@@ -15,64 +15,38 @@ struct PlaceRow {
     std::string_view reason;
 };
 
-// clang-format off
-
-/// Absolute folders of the system.
-inline constexpr std::array<PlaceRow, 23> systemTable = {{
-    {"/System", Risk::protected_, "Part of macOS, protected by System Integrity Protection (SIP)."},
-    {"/bin", Risk::protected_, "Core macOS tools."},
-    {"/sbin", Risk::protected_, "Core macOS tools."},
-    {"/usr/bin", Risk::protected_, "macOS tools."},
-    {"/usr/lib", Risk::protected_, "macOS libraries."},
-    {"/usr/libexec", Risk::protected_, "macOS components."},
-    {"/usr/sbin", Risk::protected_, "macOS tools."},
-    {"/usr/share", Risk::protected_, "macOS data."},
-    {"/private/var/db", Risk::protected_, "System databases (security, updates, users)."},
-    {"/private/var/vm", Risk::protected_, "Virtual memory and sleep image. macOS manages them on its own."},
-    {"/private/var/protected", Risk::protected_, "Protected system data."},
-    {"/private/etc", Risk::protected_, "System configuration."},
-    {"/Library/Apple", Risk::protected_, "Apple components."},
-    {"/Library/Keychains", Risk::protected_, "System keychains: passwords and certificates."},
-    {"/Library/Security", Risk::protected_, "Security components."},
-    {"/Library/Extensions", Risk::protected_, "Kernel extensions. Deleting them can stop your Mac from starting up."},
-    {"/Library/SystemExtensions", Risk::protected_, "System extensions in use."},
-    {"/Library/Preferences/SystemConfiguration", Risk::protected_, "Network and system configuration."},
-    {"/Library/Application Support/com.apple.TCC", Risk::protected_, "Privacy and permissions database."},
-    {"/.Spotlight-V100", Risk::protected_, "Spotlight index. To rebuild it, use System Settings > Spotlight."},
-    {"/.fseventsd", Risk::protected_, "File system change log."},
-    {"/.DocumentRevisions-V100", Risk::protected_, "Document versions managed by macOS."},
-    {"/MobileSoftwareUpdate", Risk::protected_, "macOS updates in progress."},
-}};
-
-/// Places below the home folder. A row also covers what begins with its path and a dot, so that
-/// "Library/Containers/com.apple" covers every container of that family.
-inline constexpr std::array<PlaceRow, 13> userTable = {{
-    {"Library/Keychains", Risk::protected_, "Your keychains: passwords, keys and certificates."},
-    {"Library/Mail", Risk::protected_, "Your Mail mailboxes. Manage your email from the Mail app."},
-    {"Library/Messages", Risk::protected_, "Your Messages history."},
-    {"Library/Accounts", Risk::protected_, "Accounts set up on this Mac."},
-    {"Library/Cookies", Risk::protected_, "Browser sessions."},
-    {"Library/Group Containers/group.com.apple", Risk::protected_, "Data shared by Apple apps."},
-    {"Library/Containers/com.apple", Risk::protected_, "Apple app data."},
-    {"Library/Application Support/AddressBook", Risk::protected_, "Your contacts."},
-    {"Library/Calendars", Risk::protected_, "Your calendars."},
-    {"Library/Safari", Risk::protected_, "Safari history, bookmarks and tabs."},
-    {"Library/Preferences", Risk::review, "App settings. Deleting them resets the apps."},
-    {"Library/Mobile Documents", Risk::protected_, "iCloud Drive files. Deleting them here deletes them on all your devices."},
-    {"Library/CloudStorage", Risk::protected_, "Synced files (Dropbox, Google Drive, OneDrive…). They would also be deleted from the cloud."},
-}};
-
-// clang-format on
-
-/// Folders that every home folder has.
-inline constexpr std::array<std::string_view, 9> standardFolders = {
-    "Desktop", "Documents", "Downloads", "Library", "Movies", "Music", "Pictures", "Public", "Applications",
+/// Libraries that are managed from their own applications, by the end of their names.
+struct LibraryRow {
+    std::string_view suffix;
+    std::string_view reason;
 };
 
-/// What the path of a package's content contains. The trailing slash keeps the package itself out.
-inline constexpr std::array<std::string_view, 8> packageMarkers = {
-    ".photoslibrary/", ".photolibrary/",  ".musiclibrary/", ".tvlibrary/",
-    ".fcpbundle/",     ".imovielibrary/", ".app/",          ".logicx/",
+/// How applications are told, and which of them stay.
+struct ApplicationTable {
+    std::string_view suffix;           ///< of their folders
+    std::string_view systemIdentifier; ///< what identifiers of the system's own begin with
+    std::string_view systemReason;     ///< why those stay
+};
+
+struct SafetyTables {
+    /// Absolute folders that hold everything else; they stay, what is in them may go.
+    std::span<const std::string_view> roots;
+    /// Absolute folders of the system, with all that is in them.
+    std::span<const PlaceRow> systemPlaces;
+    /// Places below the home folder. A row also covers what begins with its path and a dot, so that
+    /// "Library/Containers/com.apple" covers every container of that family.
+    std::span<const PlaceRow> homePlaces;
+    /// Folders that every home folder has.
+    std::span<const std::string_view> standardFolders;
+    /// What the path of a package's content contains. The trailing slash keeps the package itself out.
+    std::span<const std::string_view> packageMarkers;
+    std::span<const LibraryRow> libraries;
+    ApplicationTable applications;
+    /// What is said of all that lies below a folder and that nothing before has judged: absolute, or relative
+    /// to the home folder. "" is the home folder itself.
+    std::span<const PlaceRow> remainingPlaces;
+    std::string_view trash;         ///< below the home folder
+    std::string_view emptiedFolder; ///< why a folder stays whose content may go
 };
 
 } // namespace brimlet

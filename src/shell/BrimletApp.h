@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxAccessProbe.h"
 #include "platform/linux/LinuxBundleReader.h"
 #include "platform/linux/LinuxDirectoryLister.h"
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/LinuxFileRemoval.h"
 #include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/LinuxRunningApplications.h"
@@ -19,21 +20,26 @@
 #include "platform/RecentRunningApplications.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/DeletionHistory.h"
+#include "safety/ItemReview.h"
+#include "safety/JournalRecovery.h"
 #include "safety/SafetyPolicy.h"
+#include "tables/SystemTables.h"
 #include "views/MainWindow.h"
 #include "views/WindowPanels.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <thread>
 
 namespace brimlet {
 
 class BrimletApp {
 public:
     /// Starts the update controller; everything else begins with the first use of it.
+    /// system      must outlive the application
     /// homeFolder  absolute, without a trailing slash
-    BrimletApp(std::string homeFolder, std::optional<ColorScheme> fixedColors);
+    BrimletApp(const SystemTables& system, std::string homeFolder, std::optional<ColorScheme> fixedColors);
 
     /// Created on first need, with all steps of its creation.
     AppState& state();
@@ -44,6 +50,9 @@ public:
     MainWindow& window();
 
 private:
+    DeletionHistory& openHistory();
+
+    const SystemTables& m_system;
     std::string m_homeFolder;
     LinuxSystemOpener m_opener;
     FeedUpdateCheck m_updateCheck;
@@ -59,12 +68,18 @@ private:
     SafetyPolicy m_policy; ///< decides over every removal
     RecentRunningApplications m_recentlyRunning;
     SafetyPolicy m_shownPolicy; ///< for lists and plans, asked row by row
+    PathJudge m_shownJudge;
+    LinuxEntryLookup m_entries;
+    PlacesSource m_places;
+    ItemReview m_review;
     JunkFinder m_junkFinder;
     FileSystemCalls m_calls;
     LinuxFileRemoval m_removal;
     LinuxRecordStore m_records;
     DeletionExecutor m_executor;
-    DeletionHistory m_history;
+    std::optional<DeletionHistory> m_history; ///< the removing thread's, which opens it
+    JournalRecovery m_recovery;
+    std::jthread m_tidying;
     WindowPanels m_panels;
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;

@@ -1,10 +1,9 @@
 // The base of the models behind the screens: knows the AppState that QML gives it, and reads it when told.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateLink.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace brimlet {
@@ -18,8 +17,8 @@ class AppStateReader : public QObject {
 public:
     using QObject::QObject;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    AppState* state() const { return m_link.state(); }
+    void setState(AppState* state) { m_link.replace(state, *this); }
 
 signals:
     void stateChanged();
@@ -33,7 +32,9 @@ protected:
     virtual void read() { emit changed(); }
 
 private:
-    QPointer<AppState> m_state;
+    friend class AppStateLink;
+
+    AppStateLink m_link;
 };
 
 } // namespace brimlet

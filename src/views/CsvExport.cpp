@@ -1,13 +1,11 @@
 #include "views/CsvExport.h"
 
+#include "core/IsoTime.h"
 #include "core/Localized.h"
 #include "core/Paths.h"
 
-#include <array>
 #include <cerrno>
-#include <cmath>
 #include <cstdio>
-#include <ctime>
 #include <fcntl.h>
 #include <optional>
 #include <string_view>
@@ -18,17 +16,6 @@ namespace brimlet {
 namespace {
 
 constexpr std::string_view header = "Path,Name,Bytes on disk,Bytes,Kind,Category,Modified\n";
-
-/// 2024-03-01T09:30:00Z
-std::string isoTime(double secondsSince1970) {
-    const auto seconds = static_cast<std::time_t>(std::floor(secondsSince1970));
-    std::tm moment{};
-    std::array<char, 64> text{};
-    if (gmtime_r(&seconds, &moment) == nullptr)
-        return {};
-    const std::size_t length = std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &moment);
-    return {text.data(), length};
-}
 
 void appendField(std::string& text, std::string_view field, char end) {
     text += '"';

@@ -1,6 +1,7 @@
 #include "views/ExplorerModel.h"
 
 #include "app/Formats.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 #include "views/NodeLook.h"
 #include "views/NodePlans.h"
@@ -19,6 +20,7 @@ constexpr std::string_view listMode = "list";
 void ExplorerModel::watch(AppState& state) {
     connect(&state, &AppState::explorerStackChanged, this, &ExplorerModel::changed);
     connect(&state, &AppState::revisionChanged, this, &ExplorerModel::changed);
+    connect(&state, &AppState::scanTargetChanged, this, &ExplorerModel::changed);
 }
 
 void ExplorerModel::read() {
@@ -35,15 +37,15 @@ QStringList ExplorerModel::crumbs() const {
     if (isEmpty())
         return crumbs;
     for (const FileNode* node : state()->explorerStack())
-        crumbs << displayText(node->parent != nullptr ? std::string(node->name)
-                                                      : displayPath(node->path(), state()->homeFolder()));
+        crumbs << shownText(node->parent != nullptr ? std::string(node->name)
+                                                    : displayPath(node->path(), state()->homeFolder()));
     return crumbs;
 }
 
 QString ExplorerModel::title() const {
     if (isEmpty())
         return {};
-    return current()->parent != nullptr ? displayText(current()->name) : state()->scanTargetLabel();
+    return current()->parent != nullptr ? shownText(current()->name) : state()->scanTargetLabel();
 }
 
 QVariantList ExplorerModel::segments() const {
@@ -51,7 +53,7 @@ QVariantList ExplorerModel::segments() const {
     if (isEmpty())
         return segments;
     for (const FileNode* child : largestChildren(*current(), segmentCount))
-        segments << QVariant::fromValue(Segment{displayText(child->name), displayText(child->name),
+        segments << QVariant::fromValue(Segment{shownText(child->name), shownText(child->name),
                                                 static_cast<double>(child->size),
                                                 QColor::fromRgb(look(child->bucket).color)});
     return segments;

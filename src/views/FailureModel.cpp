@@ -10,9 +10,7 @@ void FailureModel::watch(AppState& state) {
 }
 
 void FailureModel::read() {
-    beginResetModel();
-    m_failures = state()->failures();
-    endResetModel();
+    replaceRows(m_failures, state()->failures(), &DeletionFailure::id);
     emit countChanged();
 }
 

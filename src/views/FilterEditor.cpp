@@ -1,6 +1,6 @@
 #include "views/FilterEditor.h"
 
-#include "core/Localized.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 #include "platform/HomeFolder.h"
 #include "views/NodeLook.h"
@@ -134,15 +134,15 @@ QStringList FilterEditor::ageOptions() const {
 QStringList FilterEditor::bucketOptions() const {
     QStringList labels = {tr("All categories")};
     for (const StorageBucket bucket : allStorageBuckets())
-        labels << displayText(localized(look(bucket).title));
+        labels << translatedText(look(bucket).title);
     return labels;
 }
 
 QVariantList FilterEditor::kindChips() const {
     QVariantList chips;
     for (const FileKind kind : allFileKinds()) {
-        chips << QVariantMap{{QStringLiteral("title"), displayText(localized(look(kind).title))},
-                             {QStringLiteral("symbol"), displayText(look(kind).symbol)},
+        chips << QVariantMap{{QStringLiteral("title"), translatedText(look(kind).title)},
+                             {QStringLiteral("symbol"), shownText(look(kind).symbol)},
                              {QStringLiteral("color"), QColor::fromRgb(look(kind).color)},
                              {QStringLiteral("active"), value().kinds.contains(kind)}};
     }
@@ -150,7 +150,7 @@ QVariantList FilterEditor::kindChips() const {
 }
 
 QString FilterEditor::pathPrefix() const {
-    return value().pathPrefix ? displayText(displayPath(*value().pathPrefix, homeFolder())) : QString();
+    return value().pathPrefix ? shownText(displayPath(*value().pathPrefix, homeFolder())) : QString();
 }
 
 void FilterEditor::toggleKind(int index) {

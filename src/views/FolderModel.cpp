@@ -1,5 +1,8 @@
 #include "views/FolderModel.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace brimlet {
 
 void FolderModel::activate(int row) {
@@ -21,10 +24,18 @@ void FolderModel::watch(AppState& state) {
 }
 
 void FolderModel::read() {
-    if (!state() || state()->explorerStack().empty())
+    const auto before = std::exchange(m_listedScan, state()->scan());
+    const std::vector<FileNode*> wayBefore = std::exchange(m_way, state()->explorerStack());
+    if (m_way.empty()) {
         listNothing();
-    else
-        listChildren(state()->scan(), *state()->explorerStack().back());
+        return;
+    }
+    listChildren(m_listedScan, *m_way.back());
+    // Going up leads to the folder that one comes from.
+    const bool wentUp = before == m_listedScan && m_way.size() < wayBefore.size() &&
+                        std::equal(m_way.begin(), m_way.end(), wayBefore.begin());
+    if (wentUp)
+        chooseNode(wayBefore[m_way.size()]);
 }
 
 } // namespace brimlet

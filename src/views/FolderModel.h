@@ -20,6 +20,10 @@ public:
 protected:
     void read() override;
     void watch(AppState& state) override;
+
+private:
+    std::shared_ptr<const ScanResult> m_listedScan;
+    std::vector<FileNode*> m_way; ///< down to the folder that is listed
 };
 
 } // namespace brimlet

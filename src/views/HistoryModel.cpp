@@ -1,9 +1,11 @@
 #include "views/HistoryModel.h"
 
+#include "app/Formats.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
 
 #include <algorithm>
+#include <memory>
 #include <QDateTime>
 #include <QLocale>
 
@@ -15,43 +17,32 @@ namespace {
 constexpr double referenceDate = 978'307'200;
 
 QString dateAndTime(double secondsSince2001) {
-    const auto moment =
-        QDateTime::fromMSecsSinceEpoch(static_cast<qint64>((secondsSince2001 + referenceDate) * 1000));
-    return QLocale().toString(moment, QLocale::ShortFormat);
-}
-
-bool sameEntries(const std::vector<HistoryEntry>& left, const std::vector<HistoryEntry>& right) {
-    return std::ranges::equal(left, right, {}, &HistoryEntry::id, &HistoryEntry::id);
+    return QLocale().toString(momentAt(secondsSince2001 + referenceDate), QLocale::ShortFormat);
 }
 
 } // namespace
 
 void HistoryModel::watch(AppState& state) {
     connect(&state, &AppState::historyChanged, this, &HistoryModel::read);
+    connect(&state.removals(), &Removals::restorableChanged, this, [this] { rolesChanged({restorable}); });
 }
 
 void HistoryModel::read() {
-    const std::vector<HistoryEntry> now = state()->history().entries();
-    if (sameEntries(m_entries, now)) {
-        m_entries = now;
-        rolesChanged({method, restorable});
-        return;
-    }
-    beginResetModel();
-    m_entries = now;
-    m_anchor = 0;
+    std::vector<HistoryEntry> now = state()->history();
+    state()->lookForRestorable();
     std::set<Uuid> kept;
-    for (const HistoryEntry& entry : m_entries) {
+    for (const HistoryEntry& entry : now) {
         if (m_selection.contains(entry.id))
             kept.insert(entry.id);
     }
     m_selection = std::move(kept);
-    endResetModel();
+    replaceRows(m_entries, std::move(now), &HistoryEntry::id);
     emit countChanged();
 }
 
 void HistoryModel::lookAgain() {
-    rolesChanged({restorable});
+    if (state())
+        state()->lookForRestorable();
 }
 
 void HistoryModel::rolesChanged(const QList<int>& roles) {
@@ -60,11 +51,8 @@ void HistoryModel::rolesChanged(const QList<int>& roles) {
 }
 
 void HistoryModel::restore(int row) {
-    if (!isRow(row))
-        return;
-    const HistoryEntry entry = entryAt(row); // the list changes meanwhile
-    if (state()->history().canRestore(entry))
-        state()->restoreEntry(entry);
+    if (isRow(row))
+        state()->restoreEntry(entryAt(row));
 }
 
 void HistoryModel::restoreSelected() {
@@ -74,7 +62,7 @@ void HistoryModel::restoreSelected() {
             chosen.push_back(entry);
     }
     if (!chosen.empty())
-        state()->restoreEntries(chosen);
+        state()->restoreEntries(std::make_shared<const std::vector<HistoryEntry>>(std::move(chosen)));
 }
 
 void HistoryModel::select(int row, SelectionMode mode) {
@@ -84,21 +72,30 @@ void HistoryModel::select(int row, SelectionMode mode) {
     switch (mode) {
     case Replace:
         m_selection = {id};
-        m_anchor = row;
+        m_anchor = id;
         break;
     case Toggle:
         if (m_selection.erase(id) == 0)
             m_selection.insert(id);
-        m_anchor = row;
+        m_anchor = id;
         break;
     case Extend:
-        m_selection.clear();
-        m_anchor = std::min(m_anchor, rowCount() - 1);
-        for (int i = std::min(m_anchor, row); i <= std::max(m_anchor, row); ++i)
-            m_selection.insert(entryAt(i).id);
+        selectRange(anchorRow(), row);
         break;
     }
     rolesChanged({selected});
+}
+
+/// The row from which a range extends: the first one where it has left the list.
+int HistoryModel::anchorRow() const {
+    const auto found = std::ranges::find(m_entries, m_anchor, &HistoryEntry::id);
+    return found != m_entries.end() ? static_cast<int>(found - m_entries.begin()) : 0;
+}
+
+void HistoryModel::selectRange(int from, int to) {
+    m_selection.clear();
+    for (int row = std::min(from, to); row <= std::max(from, to); ++row)
+        m_selection.insert(entryAt(row).id);
 }
 
 void HistoryModel::selectAll() {
@@ -135,7 +132,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
             return tr("Restored");
         return entry.trashPath ? tr("Trash") : tr("Deleted");
     case restorable:
-        return state()->history().canRestore(entry);
+        return state()->removals().isRestorable(entry.id);
     case selected:
         return m_selection.contains(entry.id);
     default:

@@ -1,5 +1,5 @@
-// What has been deleted, newest first, and what of it can be put back. A row looks at the disk when it is
-// drawn, so only rows on screen cost anything. Selected rows are known by their entry.
+// What has been deleted, newest first, and what of it can be put back, as far as that is known: the disk is
+// looked at in the background. Selected rows are known by their entry.
 #pragma once
 
 #include "views/AppStateListModel.h"
@@ -35,7 +35,7 @@ public:
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void clearSelection();
 
-    /// Has the rows on screen look at the disk again.
+    /// Has the disk looked at again.
     Q_INVOKABLE void lookAgain();
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -53,10 +53,12 @@ private:
     const HistoryEntry& entryAt(int row) const { return m_entries[static_cast<std::size_t>(row)]; }
     bool isRow(int row) const { return row >= 0 && row < rowCount(); }
     void rolesChanged(const QList<int>& roles);
+    int anchorRow() const;
+    void selectRange(int from, int to);
 
     std::vector<HistoryEntry> m_entries;
     std::set<Uuid> m_selection;
-    int m_anchor = 0; // the row from which a range extends
+    Uuid m_anchor{}; // of the entry from which a range extends
 };
 
 } // namespace brimlet

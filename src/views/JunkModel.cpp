@@ -7,6 +7,7 @@
 #include "junk/JunkCatalogue.h"
 
 #include <algorithm>
+#include <map>
 #include <QLocale>
 
 namespace brimlet {
@@ -16,42 +17,63 @@ void JunkModel::watch(AppState& state) {
 }
 
 void JunkModel::read() {
-    beginResetModel();
-    m_rows.clear();
     m_totals.clear();
     m_selection.adopt(junk());
     for (const JunkFinding& finding : junk())
         m_totals.push_back(finding.total());
-    for (const JunkGroup group : allJunkGroups) {
-        bool first = true;
-        for (std::size_t i = 0; i < junk().size(); ++i) {
-            if (junk()[i].rule.group != group)
-                continue;
-            if (std::exchange(first, false))
-                m_rows.push_back({Kind::group, i, 0});
-            m_rows.push_back({Kind::rule, i, 0});
-            if (isExpanded(junk()[i])) {
-                const std::vector<Row> opened = openedRows(i);
-                m_rows.insert(m_rows.end(), opened.begin(), opened.end());
-            }
-        }
-    }
-    endResetModel();
+    std::vector<Row> now = rowsOfJunk();
+    pointAtJunk(now);
+    replaceRows(m_rows, std::move(now), &JunkModel::keyOf);
+    emit emptyChanged();
     emit selectionChanged();
 }
 
-std::vector<JunkModel::Row> JunkModel::openedRows(std::size_t finding) const {
-    const std::size_t items = junk()[finding].items.size();
+std::vector<JunkModel::Row> JunkModel::rowsOfJunk() const {
     std::vector<Row> rows;
-    for (std::size_t i = 0; i < std::min(items, listedItems); ++i)
-        rows.push_back({Kind::item, finding, i});
-    if (items > listedItems)
-        rows.push_back({Kind::more, finding, 0});
+    for (const JunkGroup group : state()->system().junk.groups) {
+        bool first = true;
+        for (std::size_t i = 0; i < junk().size(); ++i) {
+            const JunkRule& rule = junk()[i].rule;
+            if (rule.group != group)
+                continue;
+            if (std::exchange(first, false))
+                rows.push_back({Kind::group, i, 0, std::string(look(group).title)});
+            rows.push_back({Kind::rule, i, 0, std::string(rule.id)});
+            if (isExpanded(junk()[i])) {
+                const std::vector<Row> opened = openedRows(i);
+                rows.insert(rows.end(), opened.begin(), opened.end());
+            }
+        }
+    }
     return rows;
 }
 
+std::vector<JunkModel::Row> JunkModel::openedRows(std::size_t finding) const {
+    const JunkFinding& opened = junk()[finding];
+    std::vector<Row> rows;
+    for (std::size_t i = 0; i < std::min(opened.items.size(), listedItems); ++i)
+        rows.push_back({Kind::item, finding, i, opened.items[i].path});
+    if (opened.items.size() > listedItems)
+        rows.push_back({Kind::more, finding, 0, std::string(opened.rule.id)});
+    return rows;
+}
+
+/// The list behind the rows has been replaced: each row finds its own again, or says nothing until it goes.
+void JunkModel::pointAtJunk(const std::vector<Row>& now) {
+    std::map<RowKey, const Row*> places;
+    for (const Row& row : now)
+        places.emplace(keyOf(row), &row);
+    for (Row& row : m_rows) {
+        const auto found = places.find(keyOf(row));
+        row.finding = found != places.end() ? found->second->finding : gone;
+        row.item = found != places.end() ? found->second->item : 0;
+    }
+}
+
 const JunkModel::Row* JunkModel::rowAt(int row) const {
-    return state() && row >= 0 && row < rowCount() ? &m_rows[static_cast<std::size_t>(row)] : nullptr;
+    return state() && row >= 0 && row < rowCount() && m_rows[static_cast<std::size_t>(row)].finding != gone
+               ? &m_rows[static_cast<std::size_t>(row)]
+               : nullptr;
 }
 
 void JunkModel::setExpanded(int row, bool open) {
@@ -144,6 +166,8 @@ QVariant JunkModel::data(const QModelIndex& index, int role) const {
         static constexpr std::array<const char*, 4> names = {"group", "rule", "item", "more"};
         return QString::fromLatin1(names.at(static_cast<std::size_t>(row.kind)));
     }
+    if (row.finding == gone)
+        return {};
     switch (row.kind) {
     case Kind::group:
         return groupData(row, role);

@@ -16,6 +16,7 @@ class JunkModel : public brimlet::AppStateListModel { // spelt out for the QML t
     Q_OBJECT
     QML_ELEMENT
 
+    Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY emptyChanged)
     Q_PROPERTY(double selectedCount READ selectedCount NOTIFY selectionChanged)
     Q_PROPERTY(double selectedSize READ selectedSize NOTIFY selectionChanged)
 
@@ -42,6 +43,7 @@ public:
 
     using AppStateListModel::AppStateListModel;
 
+    bool isEmpty() const { return m_rows.empty(); }
     qint64 selectedCount() const { return static_cast<qint64>(m_selection.count()); }
     qint64 selectedSize() const { return m_selection.size(); }
 
@@ -62,6 +64,7 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
 signals:
+    void emptyChanged();
     void selectionChanged();
 
 protected:
@@ -72,9 +75,12 @@ private:
     enum class Kind : std::uint8_t { group, rule, item, more };
     struct Row {
         Kind kind = Kind::group;
-        std::size_t finding = 0; // the first one under a group's heading
+        std::size_t finding = gone; // the first one under a group's heading
         std::size_t item = 0;
+        std::string id; // of the group, the rule or the item; unique within its kind
     };
+    static constexpr std::size_t gone = static_cast<std::size_t>(-1);
+    using RowKey = std::pair<Kind, std::string>;
 
     const std::vector<JunkFinding>& junk() const { return state()->junk(); }
     const Row* rowAt(int row) const;
@@ -82,7 +88,10 @@ private:
     const JunkItem& itemOf(const Row& row) const { return findingOf(row).items[row.item]; }
     bool isExpanded(const JunkFinding& finding) const { return m_expanded.contains(finding.rule.id); }
 
+    static RowKey keyOf(const Row& row) { return {row.kind, row.id}; }
+    std::vector<Row> rowsOfJunk() const;
     std::vector<Row> openedRows(std::size_t finding) const;
+    void pointAtJunk(const std::vector<Row>& now);
     void ticksChanged();
     QVariant groupData(const Row& row, int role) const;
     QVariant ruleData(const Row& row, int role) const;

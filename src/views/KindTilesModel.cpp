@@ -1,6 +1,6 @@
 #include "views/KindTilesModel.h"
 
-#include "core/Localized.h"
+#include "app/Texts.h"
 #include "views/NodeLook.h"
 
 #include <algorithm>
@@ -22,15 +22,14 @@ void KindTilesModel::watch(AppState& state) {
 }
 
 void KindTilesModel::read() {
-    beginResetModel();
-    m_tiles.clear();
+    std::vector<Tile> tiles;
     if (state()->hasScan()) {
         const ScanResult& scan = *state()->scan();
         for (const FileKind kind : allFileKinds())
-            m_tiles.push_back({kind, entryOf(scan.kindTotals, kind), entryOf(scan.kindCounts, kind)});
-        std::ranges::stable_sort(m_tiles, std::greater(), &Tile::size);
+            tiles.push_back({kind, entryOf(scan.kindTotals, kind), entryOf(scan.kindCounts, kind)});
+        std::ranges::stable_sort(tiles, std::greater(), &Tile::size);
     }
-    endResetModel();
+    replaceRows(m_tiles, std::move(tiles), &Tile::kind);
 }
 
 int KindTilesModel::rowCount(const QModelIndex& parent) const {
@@ -46,9 +45,9 @@ QVariant KindTilesModel::data(const QModelIndex& index, int role) const {
         return static_cast<int>(tile.kind);
     case Qt::DisplayRole:
     case TitleRole:
-        return displayText(localized(look(tile.kind).title));
+        return translatedText(look(tile.kind).title);
     case SymbolRole:
-        return displayText(look(tile.kind).symbol);
+        return shownText(look(tile.kind).symbol);
     case ColorRole:
         return QColor::fromRgb(look(tile.kind).color);
     case SizeRole:

@@ -21,13 +21,17 @@ namespace brimlet {
 
 MainWindow::MainWindow(AppState& state, Appearance& appearance, UpdateController& updates,
                        WindowPanels& panels)
-    : m_state(state) {
+    : m_state(state)
+    , m_fileLooks(state.system().folders)
+    , m_words(state.system().words) {
     // Installing it again changes nothing.
     QAccessible::installFactory(sunburstAccessible);
     giveToEngine(m_engine, state);
     giveToEngine(m_engine, appearance);
     giveToEngine(m_engine, updates);
     giveToEngine(m_engine, panels);
+    giveToEngine(m_engine, m_fileLooks);
+    giveToEngine(m_engine, m_words);
     m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
     m_engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
     m_engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Brimlet/window/Main.qml")));

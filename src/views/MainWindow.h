@@ -1,6 +1,10 @@
 // The main window: one QML engine with what the screens read, and the window it makes. Main thread.
 #pragma once
 
+#include "views/FileLooks.h"
+#include "views/KeyGuard.h"
+#include "views/Words.h"
+
 #include <memory>
 #include <QQmlApplicationEngine>
 
@@ -28,6 +32,9 @@ public:
 
 private:
     AppState& m_state;
+    KeyGuard m_keyGuard{KeyGuard::formOfWindowSystem()};
+    FileLooks m_fileLooks;
+    Words m_words;
     QQmlApplicationEngine m_engine;
 };
 

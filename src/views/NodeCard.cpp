@@ -1,6 +1,6 @@
 #include "views/NodeCard.h"
 
-#include "core/Localized.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 #include "views/NodeLook.h"
 #include "views/NodePlans.h"
@@ -39,7 +39,7 @@ QString NodeCard::name() const {
 }
 
 QString NodeCard::category() const {
-    return isEmpty() ? QString() : displayText(localized(look(node()->bucket).title));
+    return isEmpty() ? QString() : translatedText(look(node()->bucket).title);
 }
 
 double NodeCard::size() const {
@@ -49,7 +49,7 @@ double NodeCard::size() const {
 QString NodeCard::path() const {
     return isEmpty() || !m_map->state()
                ? QString()
-               : displayText(displayPath(node()->path(), m_map->state()->homeFolder()));
+               : shownText(displayPath(node()->path(), m_map->state()->homeFolder()));
 }
 
 QVariantList NodeCard::largest() const {

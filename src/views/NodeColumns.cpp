@@ -134,14 +134,14 @@ NodeColumns::NodeColumns(std::shared_ptr<const ScanResult> scan, std::vector<Fil
     : m_scan(std::move(scan))
     , m_nodes(std::move(nodes)) {}
 
-void NodeColumns::readSizes() {
-    if (!m_sizes.empty())
-        return;
-    m_sizes.reserve(m_nodes.size());
-    m_fileCounts.reserve(m_nodes.size());
-    for (const FileNode* node : m_nodes) {
-        m_sizes.push_back(node->size);
-        m_fileCounts.push_back(node->fileCount);
+void NodeColumns::readSizes(std::size_t end) {
+    if (m_sizes.capacity() < m_nodes.size()) {
+        m_sizes.reserve(m_nodes.size());
+        m_fileCounts.reserve(m_nodes.size());
+    }
+    for (std::size_t i = m_sizes.size(); i < end; ++i) {
+        m_sizes.push_back(m_nodes[i]->size);
+        m_fileCounts.push_back(m_nodes[i]->fileCount);
     }
 }
 

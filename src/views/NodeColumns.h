@@ -71,9 +71,11 @@ public:
     /// scan  kept alive
     NodeColumns(std::shared_ptr<const ScanResult> scan, std::vector<FileNode*> nodes);
 
-    /// Copies what may change later, once. Called on the main thread where `nodes` holds folders; for files,
-    /// whose sizes stay, `rows` does it. Before that `size` and `fileCount` may not be asked for.
-    void readSizes();
+    /// Copies what may change later, once, of the nodes before `end`. Called on the main thread where `nodes`
+    /// holds folders; for files, whose sizes stay, `rows` does what is left. Before that `size` and
+    /// `fileCount` may not be asked for.
+    void readSizes(std::size_t end);
+    void readSizes() { readSizes(count()); }
 
     std::size_t count() const { return m_nodes.size(); }
     FileNode* node(std::size_t i) const { return m_nodes[i]; }

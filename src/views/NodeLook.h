@@ -4,13 +4,9 @@
 
 #include "core/FileNode.h"
 
-#include <string_view>
-
 #include <QString>
 
 namespace brimlet {
-
-QString displayText(std::string_view bytes);
 
 /// The last component of the node's path; for a root the last one of the path it was scanned from, and "Disk"
 /// for "/".

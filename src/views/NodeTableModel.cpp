@@ -1,13 +1,14 @@
 #include "views/NodeTableModel.h"
 
 #include "app/Formats.h"
-#include "core/Localized.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 #include "core/TextFold.h"
 #include "views/NodeLook.h"
 
 #include <algorithm>
 #include <QColor>
+#include <utility>
 
 namespace brimlet {
 
@@ -37,66 +38,87 @@ void NodeTableModel::watch(AppState& state) {
 }
 
 void NodeTableModel::listFiles(std::shared_ptr<const ScanResult> scan, const FileFilter& filter) {
-    m_filter = filter;
+    if (std::exchange(m_filter, filter) != filter)
+        m_startsOver = true;
     if (m_folder != nullptr || m_columns->scan() != scan) {
         m_folder = nullptr;
         std::vector<FileNode*> files = scan->files;
         startList(std::make_shared<NodeColumns>(std::move(scan), std::move(files)));
     }
-    readDeleted();
-    requestRows();
+    // Once for each list and each change of the tree, not at every letter of a filter.
+    if (m_readAt != std::pair(m_columns, state()->revision()))
+        startReading(m_columns);
+    else
+        requestRows();
 }
 
 void NodeTableModel::listChildren(std::shared_ptr<const ScanResult> scan, const FileNode& folder) {
     auto columns = std::make_shared<NodeColumns>(
         std::move(scan), std::vector<FileNode*>(folder.children.begin(), folder.children.end()));
-    columns->readSizes();
-    if (m_folder == &folder && m_columns->scan() == columns->scan()) {
-        m_columns = columns;
-        m_selection.setColumns(columns);
-    } else {
+    if (m_folder != &folder || m_columns->scan() != columns->scan()) {
         m_folder = &folder;
-        startList(std::move(columns));
+        startList(columns);
     }
-    readDeleted();
-    requestRows();
+    startReading(std::move(columns));
 }
 
 void NodeTableModel::listNothing() {
     m_folder = nullptr;
-    m_worker.drop();
     startList(std::make_shared<NodeColumns>(nullptr, std::vector<FileNode*>()));
 }
 
 void NodeTableModel::startList(std::shared_ptr<NodeColumns> columns) {
     m_isReady = false;
-    m_deletedOf = {};
+    m_startsOver = true;
+    m_wanted = nullptr;
+    m_readAt = {};
+    m_slices.drop();
+    m_worker.drop();
     takeRows(std::make_shared<NodeRows>());
     m_columns = std::move(columns);
     m_selection.reset(m_columns);
 }
 
-/// Once for each list and each change of the tree, not at every letter of a filter.
-void NodeTableModel::readDeleted() {
-    const std::pair now(m_columns, state()->revision());
-    if (std::exchange(m_deletedOf, now) == now)
-        return;
-    NodeBits deleted(m_columns->count());
-    const FileNode* folder = nullptr; // the files of one folder follow each other
-    bool isFolderGone = false;
-    for (std::size_t i = 0; i < m_columns->count(); ++i) {
-        const FileNode& node = *m_columns->node(i);
-        if (folder != node.parent) {
-            folder = node.parent;
-            isFolderGone = folder != nullptr && isGone(*folder);
+void NodeTableModel::startReading(std::shared_ptr<NodeColumns> columns) {
+    m_readAt = {columns, state()->revision()};
+    NodeBits deleted(columns->count());
+    auto reading = std::make_shared<Reading>(Reading{std::move(columns), std::move(deleted)});
+    m_slices.drop();
+    m_slices.run([reading] { return readSome(*reading); },
+                 [this, reading] {
+                     takeReading(*reading);
+                     requestRows();
+                 });
+}
+
+bool NodeTableModel::readSome(Reading& reading) {
+    constexpr std::size_t stepNodes = 2'000;
+    NodeColumns& columns = *reading.columns;
+    const std::size_t end = std::min(reading.next + stepNodes, columns.count());
+    columns.readSizes(end);
+    for (; reading.next < end; ++reading.next) {
+        const FileNode& node = *columns.node(reading.next);
+        if (reading.folder != node.parent) {
+            reading.folder = node.parent;
+            reading.isFolderGone = reading.folder != nullptr && isGone(*reading.folder);
         }
-        if (node.deleted || isFolderGone)
-            deleted.set(i);
+        if (node.deleted || reading.isFolderGone)
+            reading.deleted.set(reading.next);
     }
-    m_deleted = std::make_shared<const NodeBits>(std::move(deleted));
+    return reading.next < columns.count();
+}
+
+void NodeTableModel::takeReading(Reading& reading) {
+    m_deleted = std::make_shared<const NodeBits>(std::move(reading.deleted));
+    if (m_columns != reading.columns) {
+        m_columns = reading.columns;
+        m_selection.setColumns(m_columns);
+    }
 }
 
 void NodeTableModel::requestRows() {
+    if (m_slices.isBusy())
+        return;
     RowRequest request{m_columns, m_filter, m_sort, m_deleted, nowInSeconds()};
     if (m_columns->count() > immediateCount) {
         m_worker.submit(std::move(request));
@@ -109,6 +131,28 @@ void NodeTableModel::requestRows() {
 void NodeTableModel::showRows(std::shared_ptr<const NodeRows> rows) {
     m_isReady = true;
     takeRows(std::move(rows));
+    if (std::exchange(m_startsOver, false))
+        emit startedOver();
+    chooseWanted();
+}
+
+void NodeTableModel::chooseNode(const FileNode* node) {
+    m_wanted = node;
+    if (m_isReady)
+        chooseWanted();
+}
+
+void NodeTableModel::chooseWanted() {
+    const FileNode* wanted = std::exchange(m_wanted, nullptr);
+    if (wanted == nullptr)
+        return;
+    const auto found = std::ranges::find_if(
+        m_rows->order, [&](std::uint32_t position) { return m_columns->node(position) == wanted; });
+    if (found == m_rows->order.end())
+        return;
+    const auto row = static_cast<int>(found - m_rows->order.begin());
+    goTo(row, false);
+    emit rowWanted(row);
 }
 
 void NodeTableModel::takeRows(std::shared_ptr<const NodeRows> rows) {
@@ -127,7 +171,6 @@ int NodeTableModel::rowCount(const QModelIndex& parent) const {
 QHash<int, QByteArray> NodeTableModel::roleNames() const {
     return {{NameRole, "name"},
             {FolderRole, "folder"},
-            {PathRole, "path"},
             {SizeRole, "size"},
             {SizeFractionRole, "sizeFraction"},
             {ShareRole, "share"},
@@ -139,7 +182,6 @@ QHash<int, QByteArray> NodeTableModel::roleNames() const {
             {LastOpenedRole, "lastOpened"},
             {FileCountRole, "fileCount"},
             {RiskRole, "risk"},
-            {RiskReasonRole, "riskReason"},
             {DirectoryRole, "directory"},
             {UnreadableRole, "unreadable"},
             {SelectedRole, "selected"}};
@@ -161,8 +203,7 @@ QVariant NodeTableModel::data(const QModelIndex& index, int role) const {
     case FileCountRole:
         return figureData(position, role);
     case RiskRole:
-    case RiskReasonRole:
-        return riskData(node, role);
+        return state() ? QVariant(static_cast<int>(state()->verdict(node.path()).risk)) : QVariant();
     case SelectedRole:
         return m_selection.isSelected(row);
     case DirectoryRole:
@@ -178,16 +219,14 @@ QVariant NodeTableModel::textData(const FileNode& node, int role) const {
     switch (role) {
     case FolderRole:
         return node.parent != nullptr && state()
-                   ? displayText(displayPath(node.parent->path(), state()->homeFolder()))
+                   ? shownText(displayPath(node.parent->path(), state()->homeFolder()))
                    : QString();
-    case PathRole:
-        return displayText(normalisedPath(node.path()));
     case KindTextRole:
         return kindText(node);
     case KindColorRole:
         return QColor::fromRgb(look(node.kind).color);
     case CategoryRole:
-        return displayText(localized(look(node.bucket).title));
+        return translatedText(look(node.bucket).title);
     case CategoryColorRole:
         return QColor::fromRgb(look(node.bucket).color);
     case ModifiedRole:
@@ -215,14 +254,6 @@ QVariant NodeTableModel::figureData(std::size_t position, int role) const {
     }
 }
 
-QVariant NodeTableModel::riskData(const FileNode& node, int role) const {
-    if (!state())
-        return {};
-    const SafetyVerdict verdict = state()->verdict(node.path());
-    return role == RiskRole ? QVariant(static_cast<int>(verdict.risk))
-                            : QVariant(displayText(verdict.reason));
-}
-
 int NodeTableModel::currentRow() const {
     const std::optional<std::size_t> row = m_selection.currentRow();
     return row ? static_cast<int>(*row) : -1;
@@ -238,6 +269,7 @@ void NodeTableModel::sortBy(int column) {
     if (wanted == m_sort.column)
         direction = sortDescending() ? SortDirection::ascending : SortDirection::descending;
     m_sort = {wanted, direction};
+    m_startsOver = true;
     emit sortChanged();
     requestRows();
 }
@@ -295,16 +327,21 @@ int NodeTableModel::rowBeginningWith(const QString& text) const {
     return -1;
 }
 
+QString NodeTableModel::explanation(int row, const QString& cell) const {
+    const FileNode* node = nodeAt(row);
+    if (node == nullptr || !state())
+        return {};
+    if (cell == QLatin1String("risk"))
+        return shownText(state()->verdict(node->path()).reason);
+    if (cell != QLatin1String("name"))
+        return {};
+    const QString path = shownText(normalisedPath(node->path()));
+    return node->unreadable ? path + u'\n' + translatedText(state()->system().words.unreadableFolder) : path;
+}
+
 FileNode* NodeTableModel::nodeAt(int row) const {
     return row >= 0 && row < count() ? m_columns->node(m_rows->order[static_cast<std::size_t>(row)])
                                      : nullptr;
-}
-
-std::vector<FileNode*> NodeTableModel::selectedNodes() const {
-    std::vector<FileNode*> nodes;
-    for (const std::uint32_t position : m_selection.selectedInOrder())
-        nodes.push_back(m_columns->node(position));
-    return nodes;
 }
 
 std::vector<FileNode*> NodeTableModel::listedNodes() const {

@@ -2,7 +2,9 @@
 // both. What a table shows is set by the models derived from this one. Main thread.
 #pragma once
 
+#include "app/SlicedWork.h"
 #include "views/AppStateListModel.h"
+#include "views/NodePlans.h"
 #include "views/RowSelection.h"
 #include "views/RowWorker.h"
 
@@ -33,7 +35,6 @@ public:
     enum Role {
         NameRole = Qt::UserRole,
         FolderRole, ///< the parent folder, as shown
-        PathRole,   ///< normalised, for the tooltip
         SizeRole,
         SizeFractionRole, ///< of the largest row
         ShareRole,        ///< of what the table is about, as text
@@ -45,7 +46,6 @@ public:
         LastOpenedRole,
         FileCountRole, ///< text; "—" for a file
         RiskRole,      ///< 0 safe, 1 review, 2 protected
-        RiskReasonRole,
         DirectoryRole,
         UnreadableRole,
         SelectedRole,
@@ -82,13 +82,19 @@ public:
     /// The next row, from the current one on and around, whose name begins with the text; -1 where none does.
     Q_INVOKABLE int rowBeginningWith(const QString& text) const;
 
+    /// What a cell of a row has to say beyond what it shows: the whole path, or the reason of the risk. Empty
+    /// for other cells, and outside the rows.
+    Q_INVOKABLE QString explanation(int row, const QString& cell) const;
+
     FileNode* nodeAt(int row) const;
-    std::vector<FileNode*> selectedNodes() const; ///< topmost first
-    std::vector<FileNode*> listedNodes() const;   ///< in the order of the list, not of the rows
+    NodeChoice choice() const { return {m_columns, m_selection}; } ///< the selected rows
+    std::vector<FileNode*> listedNodes() const; ///< in the order of the list, not of the rows
     std::shared_ptr<const ScanResult> scan() const { return m_columns->scan(); }
 
 signals:
     void rowsChanged();
+    void startedOver();      ///< the rows are of another list, filter or order: they are read from the top
+    void rowWanted(int row); ///< this one is to be in sight
     void sortChanged();
     void selectionChanged();
 
@@ -103,26 +109,43 @@ protected:
 
     void listNothing();
 
+    /// Selects a node once the rows are there, and wants it in sight. Does nothing where it is not listed.
+    void chooseNode(const FileNode* node);
+
 private:
+    /// What a list takes over from the tree, node by node.
+    struct Reading {
+        std::shared_ptr<NodeColumns> columns;
+        NodeBits deleted;
+        std::size_t next = 0;
+        const FileNode* folder = nullptr; ///< the files of one folder follow each other
+        bool isFolderGone = false;
+    };
+
     void startList(std::shared_ptr<NodeColumns> columns);
-    void readDeleted();
+    void startReading(std::shared_ptr<NodeColumns> columns);
+    static bool readSome(Reading& reading);
+    void takeReading(Reading& reading);
     void requestRows();
     void showRows(std::shared_ptr<const NodeRows> rows);
     void takeRows(std::shared_ptr<const NodeRows> rows);
+    void chooseWanted();
     void changeSelection();
     QVariant textData(const FileNode& node, int role) const;
     QVariant figureData(std::size_t position, int role) const;
-    QVariant riskData(const FileNode& node, int role) const;
 
     std::shared_ptr<NodeColumns> m_columns;
     std::shared_ptr<const NodeBits> m_deleted = std::make_shared<NodeBits>();
-    std::pair<std::shared_ptr<NodeColumns>, int> m_deletedOf; ///< list and revision of `m_deleted`
+    std::pair<std::shared_ptr<NodeColumns>, int> m_readAt; ///< the list last read, and the tree's revision
     std::shared_ptr<const NodeRows> m_rows = std::make_shared<NodeRows>();
     bool m_isReady = false;
+    bool m_startsOver = false;
+    const FileNode* m_wanted = nullptr; ///< to be selected when the rows are there
     RowSelection m_selection;
     FileFilter m_filter;
     NodeSort m_sort;
     const FileNode* m_folder = nullptr; ///< whose children are listed; null for the files of a scan
+    SlicedWork m_slices;                ///< a list that is being read; rows are asked for when it has been
     RowWorker m_worker;
 };
 

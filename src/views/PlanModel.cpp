@@ -1,10 +1,12 @@
 #include "views/PlanModel.h"
 
+#include "app/Formats.h"
 #include "app/Texts.h"
 #include "core/FileKind.h"
 #include "core/Paths.h"
 
 #include <algorithm>
+#include <QLocale>
 
 namespace brimlet {
 
@@ -15,40 +17,45 @@ void PlanModel::watch(AppState& state) {
 
 void PlanModel::read() {
     emit explanationChanged();
-    if (!state()->plan())
+    if (!state()->proposal())
         return;
     beginResetModel();
-    m_plan = *state()->plan();
+    m_proposal = *state()->proposal();
     m_acceptedReview = false;
-    buildRows();
     endResetModel();
     emit planChanged();
     emit acceptedReviewChanged();
 }
 
-void PlanModel::buildRows() {
-    m_sections = {};
-    std::array<std::vector<Row>, allRisks.size()> rows;
-    for (std::size_t i = 0; i < m_plan.items.size(); ++i) {
-        const Risk itemRisk = m_plan.items[i].verdict.risk;
-        const auto position = static_cast<std::size_t>(itemRisk);
-        Section& section = m_sections.at(position);
-        ++section.count;
-        section.size += m_plan.items[i].size;
-        rows.at(position).push_back({itemRisk, i});
-    }
-    m_rows.clear();
-    for (const Risk sectionRisk : allRisks) {
-        const std::vector<Row>& items = rows.at(static_cast<std::size_t>(sectionRisk));
+const PlanModel::Section& PlanModel::section(Risk wanted) const {
+    static const Section none;
+    return m_proposal.judged ? m_proposal.judged->section(wanted) : none;
+}
+
+PlanModel::Place PlanModel::placeOf(int row) const {
+    auto left = static_cast<std::size_t>(row);
+    for (const Risk wanted : allRisks) {
+        const std::vector<std::uint32_t>& items = section(wanted).items;
         if (items.empty())
             continue;
-        m_rows.push_back({sectionRisk, heading});
-        m_rows.insert(m_rows.end(), items.begin(), items.end());
+        if (left == 0)
+            return {wanted, heading};
+        if (left <= items.size())
+            return {wanted, items[left - 1]};
+        left -= items.size() + 1;
     }
+    return {};
 }
 
 QString PlanModel::title() const {
-    return shownText(m_plan.title);
+    return shownText(m_proposal.title);
+}
+
+QString PlanModel::checkingNote() const {
+    if (m_proposal.judged)
+        return {};
+    return tr("Checking %1 item(s) · %2…")
+        .arg(countText(m_proposal.count, QLocale()), bytesText(m_proposal.size, QLocale()));
 }
 
 QString PlanModel::explanation() const {
@@ -63,14 +70,14 @@ QString PlanModel::deleteLabel() const {
 }
 
 QString PlanModel::reviewConsent() const {
-    const qint64 items = section(Risk::review).count;
+    const auto items = static_cast<qint64>(section(Risk::review).items.size());
     if (items == 0)
         return {};
     return tr("I’ve reviewed the %1 item(s) marked **Review** and want to delete them").arg(items);
 }
 
 QString PlanModel::protectedNote() const {
-    const qint64 items = section(Risk::protected_).count;
+    const auto items = static_cast<qint64>(section(Risk::protected_).items.size());
     return items == 0 ? QString() : tr("%1 protected item(s) won’t be touched.").arg(items);
 }
 
@@ -86,32 +93,39 @@ qint64 PlanModel::total() const {
 }
 
 bool PlanModel::canDelete() const {
-    return section(Risk::safe).count > 0 || (m_acceptedReview && section(Risk::review).count > 0);
+    return !section(Risk::safe).items.empty() || (m_acceptedReview && !section(Risk::review).items.empty());
 }
 
 void PlanModel::cancel() {
     if (state())
-        state()->setPlan(std::nullopt);
+        state()->cancelPlan();
 }
 
 void PlanModel::confirm() {
     if (state() && state()->plan() && canDelete())
-        state()->executePlan(m_plan, m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
+        state()->executePlan({m_proposal.judged, &m_proposal.judged->plan},
+                             m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
 }
 
 int PlanModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    if (parent.isValid())
+        return 0;
+    std::size_t rows = 0;
+    for (const Risk wanted : allRisks)
+        rows += section(wanted).items.empty() ? 0 : section(wanted).items.size() + 1;
+    return static_cast<int>(rows);
 }
 
 QVariant PlanModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    const Place place = placeOf(index.row());
     if (role == isHeading)
-        return row.item == heading;
+        return place.item == heading;
     if (role == risk)
-        return static_cast<int>(row.sectionRisk);
-    return row.item == heading ? headingData(row.sectionRisk, role) : itemValue(m_plan.items[row.item], role);
+        return static_cast<int>(place.risk);
+    return place.item == heading ? headingData(place.risk, role)
+                                 : itemValue(m_proposal.judged->plan.items[place.item], role);
 }
 
 QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
@@ -120,7 +134,7 @@ QVariant PlanModel::headingData(Risk sectionRisk, int role) const {
     case name:
         return shownText(label(sectionRisk));
     case count:
-        return section(sectionRisk).count;
+        return static_cast<qint64>(section(sectionRisk).items.size());
     case size:
         return std::max<qint64>(0, section(sectionRisk).size);
     case reason:

@@ -1,14 +1,13 @@
 // The rows of the confirmation sheet: what is safe, what wants a look, and what stays, each under its
 // heading.
 //
-// Keeps the last plan while the sheet closes. Holds positions only beside the plan, so that thousands of
-// items open at once.
+// Without rows while the plan is put together and judged. Keeps the last plan while the sheet closes. Holds
+// nothing for a single row, so that half a million open at once.
 #pragma once
 
 #include "views/AppStateListModel.h"
 
-#include <array>
-#include <vector>
+#include <cstddef>
 
 namespace brimlet {
 
@@ -17,6 +16,7 @@ class PlanModel : public brimlet::AppStateListModel { // spelt out for the QML t
     QML_ELEMENT
 
     Q_PROPERTY(QString title READ title NOTIFY planChanged)
+    Q_PROPERTY(QString checkingNote READ checkingNote NOTIFY planChanged)
     Q_PROPERTY(QString explanation READ explanation NOTIFY explanationChanged)
     Q_PROPERTY(QString reviewConsent READ reviewConsent NOTIFY planChanged)
     Q_PROPERTY(QString protectedNote READ protectedNote NOTIFY planChanged)
@@ -32,6 +32,7 @@ public:
     using AppStateListModel::AppStateListModel;
 
     QString title() const;
+    QString checkingNote() const; ///< what is being judged; empty when all is
     QString explanation() const;
     QString reviewConsent() const; ///< markdown; empty where nothing wants a look
     QString protectedNote() const; ///< empty where nothing is protected
@@ -58,25 +59,22 @@ protected:
     void read() override;
 
 private:
-    struct Section {
-        qint64 count = 0;
-        qint64 size = 0;
-    };
-    struct Row {
-        Risk sectionRisk = Risk::safe;
-        std::size_t item = heading; // position in the plan
+    using Section = JudgedPlan::Section;
+
+    /// Where a row lies: in a section, which begins with its heading.
+    struct Place {
+        Risk risk = Risk::safe;
+        std::size_t item = heading; ///< position in the plan
     };
     static constexpr std::size_t heading = static_cast<std::size_t>(-1);
 
-    const Section& section(Risk wanted) const { return m_sections.at(static_cast<std::size_t>(wanted)); }
+    const Section& section(Risk wanted) const;
     bool permanently() const { return state() && state()->permanentDelete(); }
-    void buildRows();
+    Place placeOf(int row) const;
     QVariant headingData(Risk risk, int role) const;
     QVariant itemValue(const PlanItem& item, int role) const;
 
-    DeletionPlan m_plan;
-    std::vector<Row> m_rows;
-    std::array<Section, allRisks.size()> m_sections;
+    Proposal m_proposal;
     bool m_acceptedReview = false;
 };
 

@@ -1,6 +1,7 @@
 #include "views/QuickPreview.h"
 
 #include "app/Formats.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 #include "platform/HomeFolder.h"
 #include "views/NodeLook.h"
@@ -30,8 +31,8 @@ void QuickPreview::followSelection(NodeTableModel* table) {
 }
 
 void QuickPreview::showFirst(NodeActions* actions) {
-    if (!actions->nodes().empty())
-        show(*actions->nodes().front());
+    if (actions->first() != nullptr)
+        show(*actions->first());
 }
 
 QuickPreview::~QuickPreview() {
@@ -50,13 +51,12 @@ void QuickPreview::show(const FileNode& node) {
     forget();
     m_isOpen = true;
     m_path = node.path();
-    m_shownPath = displayText(displayPath(m_path, homeFolder()));
+    m_shownPath = shownText(displayPath(m_path, homeFolder()));
     m_name = displayName(node);
     m_directory = node.isDirectory;
     m_details = tr("%1 · %2 · Modified %3")
                     .arg(kindText(node), bytesText(node.size, QLocale()), dateText(node.modified, QLocale()));
     m_content = {};
-    m_isLoading = !node.isDirectory;
     emit changed();
     if (node.isDirectory)
         return;
@@ -84,7 +84,6 @@ void QuickPreview::forget() {
 
 void QuickPreview::take(const PreviewContent& content) {
     m_content = content;
-    m_isLoading = false;
     emit changed();
 }
 

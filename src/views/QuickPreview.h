@@ -18,7 +18,6 @@ class QuickPreview : public QObject {
     QML_ELEMENT
 
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
-    Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
     Q_PROPERTY(QString name READ name NOTIFY changed)
     Q_PROPERTY(bool directory READ directory NOTIFY changed)
     Q_PROPERTY(QString details READ details NOTIFY changed) ///< kind, size and date in one line
@@ -33,7 +32,6 @@ public:
     ~QuickPreview() override;
 
     bool isOpen() const { return m_isOpen; }
-    bool isLoading() const { return m_isLoading; }
     QString name() const { return m_name; }
     bool directory() const { return m_directory; }
     QString details() const { return m_details; }
@@ -60,7 +58,6 @@ private:
     void take(const PreviewContent& content);
 
     bool m_isOpen = false;
-    bool m_isLoading = false;
     std::string m_path; ///< as scanned
     QString m_shownPath;
     QString m_name;

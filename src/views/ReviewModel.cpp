@@ -10,9 +10,8 @@ void ReviewModel::watch(AppState& state) {
 }
 
 void ReviewModel::read() {
-    beginResetModel();
-    m_rows.clear();
-    for (const JunkGroup group : allJunkGroups) {
+    std::vector<Row> rows;
+    for (const JunkGroup group : state()->system().junk.groups) {
         Row row{group, 0, {}};
         for (const JunkFinding& finding : state()->junk()) {
             if (finding.rule.group != group)
@@ -24,9 +23,9 @@ void ReviewModel::read() {
                                                translatedText(finding.rule.explanation), size}));
         }
         if (!row.findings.isEmpty())
-            m_rows.push_back(std::move(row));
+            rows.push_back(std::move(row));
     }
-    endResetModel();
+    replaceRows(m_rows, std::move(rows), &Row::group);
 }
 
 int ReviewModel::rowCount(const QModelIndex& parent) const {

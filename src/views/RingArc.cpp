@@ -1,6 +1,9 @@
 #include "views/RingArc.h"
 
+#include "core/WholeNumber.h"
+
 #include <algorithm>
+#include <cmath>
 #include <QConicalGradient>
 #include <QPainter>
 
@@ -31,7 +34,8 @@ void RingArc::paint(QPainter* painter) {
     QPen pen(m_color == m_endColor ? QBrush(m_color) : QBrush(gradient), m_thickness);
     pen.setCapStyle(m_span < 1 ? Qt::RoundCap : Qt::FlatCap);
     painter->setPen(pen);
-    painter->drawArc(line, qRound(startDegrees * 16), qRound(-m_span * 360 * 16));
+    painter->drawArc(line, wholeNumber<int>(std::round(startDegrees * 16)),
+                     wholeNumber<int>(std::round(-m_span * 360 * 16)));
 }
 
 } // namespace brimlet

@@ -44,6 +44,10 @@ public:
     /// Positions of the selected nodes, in the order of the rows.
     std::vector<std::uint32_t> selectedInOrder() const;
 
+    /// The same as a value, to be gone through elsewhere.
+    const std::shared_ptr<const NodeRows>& rows() const { return m_rows; }
+    const NodeBits& selected() const { return m_selected; }
+
     /// The topmost selected row.
     std::optional<std::size_t> firstSelectedRow() const;
 

@@ -72,8 +72,13 @@ void RowWindow::show(int row) {
         setOffset(top + m_rowHeight - m_height);
 }
 
+int RowWindow::slotOf(int row) const {
+    const auto found = std::ranges::find(m_rowOfSlot, row);
+    return found != m_rowOfSlot.end() ? static_cast<int>(found - m_rowOfSlot.begin()) : -1;
+}
+
 int RowWindow::rowAt(double y) const {
-    const qint64 row = (m_offset + static_cast<qint64>(y)) / m_rowHeight;
+    const qint64 row = (m_offset + wholeNumber<int>(y)) / m_rowHeight;
     return y >= 0 && row < sourceRows() ? static_cast<int>(row) : -1;
 }
 

@@ -5,6 +5,8 @@
 // Main thread.
 #pragma once
 
+#include "core/WholeNumber.h"
+
 #include <QAbstractListModel>
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
@@ -35,11 +37,13 @@ public:
     void setHeight(int height);
     double offset() const { return static_cast<double>(m_offset); }
     void setOffset(qint64 offset); ///< brought within the content
-    void setOffsetValue(double offset) { setOffset(static_cast<qint64>(offset)); }
+    void setOffsetValue(double offset) { setOffset(wholeNumber<qint64>(offset)); }
     double contentHeight() const { return static_cast<double>(heightOfAll()); }
 
     /// Scrolls as little as brings a row into sight.
     Q_INVOKABLE void show(int row);
+    /// The slot of a row; -1 where it is out of sight.
+    Q_INVOKABLE int slotOf(int row) const;
     /// The row at a height within the view; -1 below the last.
     Q_INVOKABLE int rowAt(double y) const;
 

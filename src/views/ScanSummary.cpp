@@ -1,6 +1,6 @@
 #include "views/ScanSummary.h"
 
-#include "core/Localized.h"
+#include "app/Texts.h"
 #include "core/Paths.h"
 
 #include <algorithm>
@@ -18,8 +18,8 @@ std::vector<Segment> bucketSegments(const ScanResult& scan) {
             continue;
         const CategoryLook& bucketLook = look(bucket);
         segments.push_back({QString::fromStdString(std::string(bucketLook.caseName)),
-                            QString::fromStdString(localized(bucketLook.title)),
-                            static_cast<double>(found->second), QColor::fromRgb(bucketLook.color)});
+                            translatedText(bucketLook.title), static_cast<double>(found->second),
+                            QColor::fromRgb(bucketLook.color)});
     }
     std::stable_sort(segments.begin(), segments.end(),
                      [](const Segment& left, const Segment& right) { return left.value > right.value; });

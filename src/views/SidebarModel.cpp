@@ -1,7 +1,7 @@
 #include "views/SidebarModel.h"
 
 #include "app/AppSection.h"
-#include "core/Localized.h"
+#include "app/Texts.h"
 
 #include <algorithm>
 #include <array>
@@ -37,7 +37,7 @@ bool startsGroupAt(int row) {
 }
 
 QString translated(std::string_view english) {
-    return english.empty() ? QString() : QString::fromStdString(localized(english));
+    return english.empty() ? QString() : translatedText(english);
 }
 
 QString plain(std::string_view text) {

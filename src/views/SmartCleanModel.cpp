@@ -66,7 +66,7 @@ qint64 SmartCleanModel::used() const {
 QString SmartCleanModel::freeSpaceSentence() const {
     if (!volumeKnown())
         return {};
-    return tr("You have %1 free of %2. Brimlet only looks for files that macOS and your apps can recreate.")
+    return translatedText(state()->system().words.spaceBeforeCleaning)
         .arg(bytes(available()), bytes(total()));
 }
 

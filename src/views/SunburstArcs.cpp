@@ -1,5 +1,7 @@
 #include "views/SunburstArcs.h"
 
+#include "core/WholeNumber.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -86,7 +88,7 @@ const Arc* SunburstGeometry::hit(const std::vector<Arc>& arcs, double x, double 
     const double ring = std::hypot(dx, dy) / m_ringWidth;
     if (!(ring >= 1) || ring >= 1'000)
         return nullptr;
-    const int depth = static_cast<int>(ring);
+    const int depth = wholeNumber<int>(ring);
     double angle = std::atan2(dx, -dy);
     if (angle < 0)
         angle += fullCircle;

@@ -1,5 +1,7 @@
 #include "views/SunburstRaster.h"
 
+#include "core/WholeNumber.h"
+
 #include <algorithm>
 #include <cmath>
 #include <thread>
@@ -130,8 +132,8 @@ void SunburstRaster::drawRows(QImage& target, const Frame& frame, int firstRow, 
         std::fill_n(line, target.width(), 0U);
         const float dy = static_cast<float>(y) + 0.5F - frame.centreY;
         const float chord = std::sqrt(std::max(frame.radius * frame.radius - dy * dy, 0.0F));
-        const int first = std::max(static_cast<int>(frame.centreX - chord), 0);
-        const int last = std::min(static_cast<int>(frame.centreX + chord) + 1, target.width());
+        const int first = std::max(wholeNumber<int>(frame.centreX - chord), 0);
+        const int last = std::min(wholeNumber<int>(frame.centreX + chord) + 1, target.width());
         for (int x = first; x < last; ++x) {
             const float dx = static_cast<float>(x) + 0.5F - frame.centreX;
             points[static_cast<std::size_t>(x)] = {
@@ -147,7 +149,7 @@ std::uint32_t SunburstRaster::pixel(const Frame& frame, const Polar& point, Curs
     const float mapRadius = point.radius - frame.ringOffset * frame.ringWidth;
     if (mapRadius < frame.ringWidth || point.radius < frame.ringWidth || point.radius >= frame.radius)
         return 0;
-    const int depth = static_cast<int>(mapRadius / frame.ringWidth);
+    const int depth = wholeNumber<int>(mapRadius / frame.ringWidth);
     if (depth > m_maxDepth || !(point.angle >= 0 && point.angle < circle))
         return 0;
     if (cursor.depth != depth || cursor.segment == nullptr || point.angle < cursor.segment->start ||

@@ -1,6 +1,7 @@
 #include "views/SunburstView.h"
 
 #include "app/Formats.h"
+#include "core/WholeNumber.h"
 #include "views/NodeLook.h"
 #include "views/SunburstAccessible.h"
 
@@ -31,24 +32,15 @@ SunburstView::SunburstView(QQuickItem* parent)
 
 SunburstView::~SunburstView() = default;
 
-void SunburstView::setState(AppState* state) {
-    if (m_state == state)
-        return;
-    if (m_state)
-        m_state->disconnect(this);
-    m_state = state;
-    if (m_state) {
-        connect(m_state, &AppState::explorerStackChanged, this, &SunburstView::readTree);
-        connect(m_state, &AppState::revisionChanged, this, &SunburstView::readTree);
-    }
-    emit stateChanged();
-    readTree();
+void SunburstView::watch(AppState& state) {
+    connect(&state, &AppState::explorerStackChanged, this, &SunburstView::read);
+    connect(&state, &AppState::revisionChanged, this, &SunburstView::read);
 }
 
-void SunburstView::readTree() {
-    const bool hasFolder = m_state && !m_state->explorerStack().empty();
-    FileNode* previousRoot = std::exchange(m_root, hasFolder ? m_state->explorerStack().back() : nullptr);
-    const auto previousScan = std::exchange(m_scan, m_state ? m_state->scan() : nullptr);
+void SunburstView::read() {
+    const std::vector<FileNode*>& way = state()->explorerStack();
+    FileNode* previousRoot = std::exchange(m_root, way.empty() ? nullptr : way.back());
+    const auto previousScan = std::exchange(m_scan, state()->scan());
     const std::vector<Arc> previousArcs =
         std::exchange(m_arcs, m_root != nullptr ? collectArcs(*m_root, maxDepth) : std::vector<Arc>());
     if (previousRoot != m_root || hoveredArc() == nullptr)
@@ -109,11 +101,11 @@ void SunburstView::hover(const Arc* arc) {
 }
 
 void SunburstView::open(const Arc& arc) {
-    if (!m_state || !arc.node->isDirectory || arc.node->isPackage)
+    if (state() == nullptr || !arc.node->isDirectory || arc.node->isPackage)
         return;
-    std::vector<FileNode*> stack = m_state->explorerStack();
+    std::vector<FileNode*> stack = state()->explorerStack();
     stack.push_back(arc.node);
-    m_state->setExplorerStack(std::move(stack));
+    state()->setExplorerStack(std::move(stack));
     emit opened();
 }
 
@@ -128,8 +120,8 @@ QSGNode* SunburstView::updatePaintNode(QSGNode* oldNode, UpdatePaintNodeData*) {
         return nullptr;
     }
     const double ratio = window()->effectiveDevicePixelRatio();
-    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
-                       static_cast<int>(std::ceil(height() * ratio)));
+    const QSize pixels(wholeNumber<int>(std::ceil(width() * ratio)),
+                       wholeNumber<int>(std::ceil(height() * ratio)));
     if (m_image.size() != pixels) {
         m_image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
         m_imageIsOld = true;
@@ -159,13 +151,17 @@ void SunburstView::geometryChange(const QRectF& newGeometry, const QRectF& oldGe
     redraw();
 }
 
+/// Comes too when the layout moves the map below a pointer that rests.
 void SunburstView::hoverEnterEvent(QHoverEvent* event) {
-    hoverMoveEvent(event);
+    if (hasActiveFocus() && m_hovered != nullptr)
+        m_pointer = event->globalPosition();
+    else
+        hoverMoveEvent(event);
 }
 
 /// Comes with every new picture too; the keys' place must not be taken by a pointer that rests.
 void SunburstView::hoverMoveEvent(QHoverEvent* event) {
-    if (std::exchange(m_pointer, event->position()) != event->position())
+    if (std::exchange(m_pointer, event->globalPosition()) != event->globalPosition())
         hover(arcAt(event->position()));
 }
 

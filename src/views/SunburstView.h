@@ -2,11 +2,10 @@
 // itself but what is hovered; where to go leaves through signals. Main thread.
 #pragma once
 
-#include "app/AppState.h"
+#include "views/AppStateLink.h"
 #include "views/SunburstRaster.h"
 
 #include <optional>
-#include <QPointer>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 #include <QVariantAnimation>
@@ -35,8 +34,8 @@ public:
     explicit SunburstView(QQuickItem* parent = nullptr);
     ~SunburstView() override;
 
-    AppState* state() const { return m_state; }
-    void setState(AppState* state);
+    AppState* state() const { return m_link.state(); }
+    void setState(AppState* state) { m_link.replace(state, *this); }
 
     QString title() const;
     double size() const; ///< bytes, never negative
@@ -76,6 +75,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    friend class AppStateLink;
+
     /// What a click is about.
     struct Target {
         FileNode* node = nullptr;
@@ -83,7 +84,8 @@ private:
         bool operator==(const Target&) const = default;
     };
 
-    void readTree();
+    void watch(AppState& state);
+    void read();
     const Arc* arcAt(const QPointF& position) const;
     Target targetAt(const QPointF& position) const;
     SunburstLens lensFrom(const FileNode* previousRoot, const std::vector<Arc>& previousArcs) const;
@@ -94,11 +96,11 @@ private:
     const Arc* outwards(const Arc* from) const;
     void redraw();
 
-    QPointer<AppState> m_state;
+    AppStateLink m_link;
     std::shared_ptr<const ScanResult> m_scan; ///< keeps the nodes
     FileNode* m_root = nullptr;
     FileNode* m_hovered = nullptr;
-    std::optional<QPointF> m_pointer; ///< where it last was, while over the map
+    std::optional<QPointF> m_pointer; ///< where it last was on the screen, while over the map
     Target m_pressed;
     std::vector<Arc> m_arcs;
     QVariantAnimation m_zoom;

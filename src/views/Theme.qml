@@ -8,6 +8,7 @@ QtObject {
     id: theme
 
     readonly property bool dark: Appearance.dark
+    readonly property bool mirrored: Appearance.rightToLeft ///< the language begins at the right
 
     // Surfaces
     readonly property color window: dark ? "#16171d" : "#f5f5f8"
@@ -59,8 +60,8 @@ QtObject {
     readonly property int spaceXl: 24
     readonly property int spaceXxl: 32
     readonly property int pageMaximumWidth: 1240
-    readonly property int textMaximumWidth: 460
-    readonly property int stageMaximumWidth: 720
+    readonly property int textMaximumWidth: scaled(460)
+    readonly property int stageMaximumWidth: scaled(720)
     readonly property int rowHeight: scaled(34)
     readonly property int tallRowHeight: scaled(46)
     readonly property int controlHeight: scaled(32)
@@ -72,7 +73,10 @@ QtObject {
     readonly property int columnL: scaled(150)
     readonly property int columnXl: scaled(176)
     readonly property int columnMinimum: scaled(48)
-    readonly property int sidePanelWidth: 280
+    readonly property int sidePanelWidth: scaled(280)
+    readonly property int sidePanelLeast: 280
+    readonly property int mapMinimumHeight: 260
+    readonly property int tableMinimumHeight: scaled(32 + 3 * 46)
     readonly property int tileWidth: scaled(148)
     readonly property int fieldWidth: scaled(280)
     readonly property int smallDot: 7
@@ -82,9 +86,14 @@ QtObject {
     readonly property int sizeColumn: scaled(80)
     readonly property int methodColumn: scaled(76)
     readonly property int actionColumn: scaled(92)
+    readonly property int historyWidth: nameColumn + dateColumn + sizeColumn + methodColumn + actionColumn
+                                        + 4 * spaceL + 2 * spaceM
     readonly property int sidebarWidth: scaled(216)
+    readonly property int sidebarLeast: 216
+    readonly property int stepsWidth: scaled(420)
     readonly property int toolbarHeight: scaled(52)
-    readonly property int sheetWidth: 560
+    readonly property int sheetWidth: scaled(560)
+    readonly property int sheetLowHeight: scaled(480)
     readonly property int sheetListHeight: scaled(160)
     readonly property int planRowHeight: scaled(60)
     readonly property int ruleRowHeight: scaled(72)
@@ -93,8 +102,8 @@ QtObject {
     readonly property int fileIcon: scaled(20)
     readonly property int iconLarge: scaled(24)
     readonly property int iconHuge: scaled(40)
-    readonly property int medallion: scaled(88)
-    readonly property int ringSize: scaled(200)
+    readonly property int medallion: Math.min(scaled(88), 112)
+    readonly property int ringSize: Math.min(scaled(200), 264)
     readonly property int ringThickness: scaled(10)
     readonly property int barThickness: 4
     readonly property int thickBar: 14

@@ -9,7 +9,7 @@ void ToastModel::read() {
         const Toast& toast = *state()->toast();
         m_message = QString::fromStdString(toast.message);
         m_detail = QString::fromStdString(toast.detail.value_or(""));
-        m_canUndo = !toast.undoable.empty();
+        m_canUndo = toast.undoable != nullptr;
         QTimer::singleShot(stay, this, [this, id = toast.id] {
             if (shown() && state()->toast()->id == id)
                 close();
@@ -19,9 +19,9 @@ void ToastModel::read() {
 }
 
 void ToastModel::undo() {
-    if (!shown())
+    if (!shown() || !m_canUndo)
         return;
-    const std::vector<HistoryEntry> entries = state()->toast()->undoable;
+    const auto entries = state()->toast()->undoable;
     close(); // First: the restoring shows a notice of its own.
     state()->restoreEntries(entries);
 }

@@ -1,5 +1,7 @@
+#include "support/CatalogueRule.h"
 #include "support/MadeUpJunk.h"
 #include "support/TestApp.h"
+#include "tables/SystemTables.h"
 
 #include <deque>
 #include <future>
@@ -90,9 +92,9 @@ protected:
 private:
     AppState& preparedState() {
         app.junkSearch = [this] { return searches.next(); };
-        app.deletionRun = [this](const std::vector<DeletionRequest>& requests) {
+        app.deletionRun = [this](const std::vector<DeletionRequest>& requests, const std::stop_token&) {
             asked = requests;
-            return ExecutedRun{report, {}, nullptr};
+            return ExecutedRun{report, {}, {}, nullptr};
         };
         return app.state();
     }
@@ -127,11 +129,13 @@ TEST_F(AppStateJunk, cleanAsksForTickedItemsOnceAndEndsWithAReportAndAFreshList)
     EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning);
     ASSERT_TRUE(eventually([&] { return state.junk()[1].items.empty(); }));
     EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning) << "the stage can be read";
-    EXPECT_FALSE(state.lastReport());
+    EXPECT_EQ(state.lastReport(), nullptr);
+    ASSERT_TRUE(eventually([&] { return state.toast().has_value(); }));
     clock.advance(1200ms);
 
     EXPECT_EQ(state.smartPhase(), SmartPhase::done);
-    EXPECT_EQ(state.lastReport(), report);
+    ASSERT_NE(state.lastReport(), nullptr);
+    EXPECT_EQ(*state.lastReport(), report);
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0].path, "/junk/old-installers/x.dmg");
     EXPECT_EQ(asked[0].removal, Removal::trash) << "the rule's way, whatever the preference says";
@@ -156,25 +160,26 @@ TEST_F(AppStateJunk, ticksOutliveStartingOverAndANewScan) {
     EXPECT_TRUE(state.smartSelection().contains("user-caches"));
 }
 
-TEST_F(AppStateJunk, onlyTheNewestSearchIsPublished) {
-    state.loadJunk();
-    ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
+TEST_F(AppStateJunk, searchesNeverPileUpAndOnlyTheLastIsPublished) {
+    for (int i = 0; i < 10; ++i)
+        state.loadJunk();
     state.setSmartPhase(SmartPhase::scanning);
     state.startSmartScan();
     clock.advance(2s);
+    ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
+    searches.finish(0, {});
     ASSERT_TRUE(eventually([&] { return searches.started() == 2; }));
+    EXPECT_EQ(state.smartPhase(), SmartPhase::scanning) << "what was asked for last is not there yet";
     find(1, mixedJunk());
     EXPECT_EQ(state.smartPhase(), SmartPhase::review);
-
-    searches.finish(0, {});
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     EXPECT_EQ(state.junk().size(), 2U);
+    EXPECT_EQ(searches.started(), 2U);
 }
 
 TEST_F(AppStateJunk, whatIsRemovedWhileASearchRunsIsNotPublishedByIt) {
     state.loadJunk();
     ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
-    state.removeDeleted({"/junk/user-caches/a", "/junk/old-installers/x.dmg"});
+    ASSERT_TRUE(test::removeDeleted(state, {"/junk/user-caches/a", "/junk/old-installers/x.dmg"}));
     find(0, mixedJunk());
     ASSERT_EQ(state.junk().size(), 1U);
     EXPECT_EQ(state.junk()[0].total(), 200);
@@ -182,20 +187,23 @@ TEST_F(AppStateJunk, whatIsRemovedWhileASearchRunsIsNotPublishedByIt) {
 
 TEST_F(AppStateJunk, removedItemsLeaveTheListAndAnEmptiedFindingStays) {
     reachReview(mixedJunk());
-    state.removeDeleted({"/junk/user-caches/b", "/junk/old-installers/x.dmg", "/elsewhere"});
+    ASSERT_TRUE(
+        test::removeDeleted(state, {"/junk/user-caches/b", "/junk/old-installers/x.dmg", "/elsewhere"}));
     ASSERT_EQ(state.junk().size(), 2U);
     EXPECT_EQ(state.junk()[0].total(), 300);
     EXPECT_TRUE(state.junk()[1].items.empty());
 }
 
 TEST_F(AppStateJunk, planForChosenItemsCarriesTheRulesRemovalAndAFreshVerdict) {
-    const JunkRule& caches = *junkRule("user-caches");
+    const JunkRule& caches = test::macRule("user-caches");
     const JunkItem item{"/Users/sam/Library/Caches/com.example.a", caches.id, 70, 3, {}};
     const JunkItem folder{"/Users/sam/Library/Caches", caches.id, 70, 3, {}};
     state.proposeJunkPlan({{item, caches.removal}, {folder, Removal::trash}});
-    ASSERT_TRUE(eventually([&] { return state.plan().has_value(); }));
+    EXPECT_TRUE(state.hasPlan()) << "the sheet opens at once";
+    ASSERT_TRUE(eventually([&] { return state.plan() != nullptr; }));
 
-    const SafetyPolicy policy(app.homeFolder, junkCatalogue(), app.bundles, app.running);
+    const SafetyPolicy policy(app.homeFolder, macosTables().safety, macosTables().junk.rules, app.bundles,
+                              app.running);
     const DeletionPlan& plan = *state.plan();
     EXPECT_EQ(plan.title, "Clean Junk");
     ASSERT_FALSE(plan.items.empty());

@@ -182,7 +182,36 @@ TEST(AppStateScan, placesThatCannotBeScannedEndInAClearState) {
         app.state().startScan(ScanTarget::home());
         EXPECT_TRUE(eventually([&] { return !app.state().isScanning(); })) << place;
         EXPECT_FALSE(app.state().hasScan()) << place;
+        ASSERT_TRUE(app.state().toast().has_value()) << place;
+        EXPECT_THAT(app.state().toast()->message, testing::HasSubstr("“Home folder” couldn’t be scanned."));
     }
+}
+
+TEST(AppStateScan, whatIsDeletedWhileAScanRunsIsLeftOutOfIt) {
+    TestApp app;
+    test::SyntheticTree tree("/Users/sam");
+    FileNode* film = tree.file(tree.root(), "film.mov", 4'000'000);
+    app.state().startScan(ScanTarget::home());
+    app.walks.begun(0);
+    ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/film.mov"}));
+    app.walks.finish(0, tree.finish());
+    EXPECT_TRUE(eventually([&] { return film->deleted; }));
+}
+
+TEST(AppStateScan, homeFolderThatIsALinkIsScannedWhereItLeads) {
+    const test::TemporaryTree tree;
+    tree.file("real/film.mov", 1'000'000);
+    tree.symbolicLink("home", "real");
+    TestApp app;
+    app.scanWalk = [](Scanner& scanner, const auto& path, const auto& excluded, const auto& progress) {
+        return scanner.scan(path, excluded, progress);
+    };
+    app.homeFolder = tree.path("home");
+    app.state().startScan(ScanTarget::home());
+    ASSERT_TRUE(eventually([&] { return !app.state().isScanning(); }));
+    ASSERT_TRUE(app.state().hasScan());
+    EXPECT_EQ(app.state().scan()->totalFiles, 1);
+    EXPECT_FALSE(app.state().toast().has_value());
 }
 
 TEST(AppStateScan, closingTheApplicationEndsARunningScan) {

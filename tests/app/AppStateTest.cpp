@@ -35,7 +35,7 @@ TEST(AppState, beginsWithItsInitialValues) {
     EXPECT_EQ(state.revision(), 0);
     EXPECT_EQ(state.volume(), app.volumes.info);
     EXPECT_TRUE(state.explorerStack().empty());
-    EXPECT_FALSE(state.plan().has_value());
+    EXPECT_FALSE(state.hasPlan());
     EXPECT_FALSE(state.toast().has_value());
     EXPECT_TRUE(state.hasFullDiskAccess());
     EXPECT_FALSE(state.permanentDelete());
@@ -110,12 +110,18 @@ TEST(AppState, excludedFoldersAreKeptWithoutTheVolumesPrefix) {
               PreferenceValue(std::string("/Users/sam/Big\n/Users/sam/Other")));
     app.state().includeFolderAgain(0);
     EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
+    EXPECT_FALSE(app.state().toast().has_value());
+    app.state().excludeFolder("/Users/sam/two\nlines");
+    EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
+    ASSERT_TRUE(app.state().toast().has_value()) << "a refusal is told";
+    EXPECT_EQ(app.state().toast()->message,
+              "This folder can’t be excluded: its path has a line break in it.");
 }
 
 TEST(AppState, removingNothingChangesNothing) {
     TestApp app;
     QSignalSpy revision(&app.state(), &AppState::revisionChanged);
-    app.state().removeDeleted({});
+    ASSERT_TRUE(test::removeDeleted(app.state(), {}));
     EXPECT_EQ(app.state().revision(), 0);
     EXPECT_EQ(revision.count(), 0);
 }
@@ -132,7 +138,7 @@ TEST(AppState, removedPathsLeaveTheTreeAndItsTotals) {
     const std::int64_t before = app.state().scan()->root->size;
 
     QSignalSpy scanChanged(&app.state(), &AppState::scanChanged);
-    app.state().removeDeleted({"/Users/sam/Movies/film.mov"});
+    ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/Movies/film.mov"}));
     EXPECT_TRUE(film->deleted);
     EXPECT_EQ(app.state().scan()->root->size, before - 4'000'000);
     EXPECT_EQ(app.state().revision(), 2);
@@ -141,7 +147,7 @@ TEST(AppState, removedPathsLeaveTheTreeAndItsTotals) {
 
 TEST(AppState, removalWithoutAScanStillRaisesTheRevision) {
     TestApp app;
-    app.state().removeDeleted({"/Users/sam/gone"});
+    ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/gone"}));
     EXPECT_EQ(app.state().revision(), 1);
 }
 

@@ -26,19 +26,25 @@ TEST(Formats, bytesFollowTheLocale) {
 }
 
 TEST(Formats, percentages) {
+    constexpr auto largest = std::numeric_limits<std::int64_t>::max();
+    constexpr auto least = std::numeric_limits<std::int64_t>::min();
     struct Case {
         std::int64_t part;
         std::int64_t whole;
         const char* text;
     };
-    for (const Case& each : {Case{0, 100, "0%"},
+    for (const Case& each : {Case{0, 100, "0.0%"},
                              {5, 0, "0%"},
                              {5, -1, "0%"},
+                             {-5, 100, "0.0%"},
+                             {largest, largest, "100%"},
+                             {least, largest, "0.0%"},
+                             {largest, 1, "922,337,203,685,477,580,800%"},
                              {1, 10, "10%"},
                              {99, 1'000, "9.9%"},
                              {1, 1'000, "0.1%"},
                              {1, 1'001, "<0.1%"},
-                             {1, std::numeric_limits<std::int64_t>::max(), "<0.1%"},
+                             {1, largest, "<0.1%"},
                              {1, 3, "33%"},
                              {2, 3, "67%"},
                              {100, 100, "100%"},
@@ -87,6 +93,52 @@ TEST(Formats, relativeDates) {
                              {now.addMonths(2), "in 2 months"},
                              {now.addYears(3), "in 3 years"}})
         EXPECT_EQ(relativeDateText(each.moment, now), each.text) << each.moment.toString().toStdString();
+}
+
+/// Any 64-bit date may stand on a disk, and any number in a page of QML.
+TEST(Formats, extremesAreToldAtOnce) {
+    QLocale::setDefault(english);
+    const Formats formats;
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nothing = std::numeric_limits<double>::quiet_NaN();
+    struct Case {
+        double figure;
+        const char* relativeDate;
+        const char* date;
+        const char* bytes;
+        const char* count;
+        const char* duration;
+    };
+    for (const Case& each :
+         {Case{0, "years ago", "—", "Zero KB", "0", "under 0.1 s"},
+          {-1, "years ago", "—", "Zero KB", "-1", "under 0.1 s"},
+          {1e13, "in 3168", "318857", "10 TB", "10,000,000,000,000", "166666666666 min 40 s"},
+          {1e14, "in 3168", "3170843", "100 TB", "100,000,000,000,000", "1666666666666 min 40 s"},
+          {9.2e18, "in 2851", "2852", "9,200,000 TB", "9,200,000,000,000,000,000", " min "},
+          {0x1p63, "in 2851", "2852", "9,223,372.04 TB", "9,223,372,036,854,775,807", " min "},
+          {-0x1p63, "years ago", "—", "Zero KB", "-9,223,372,036,854,775,808", "under 0.1 s"},
+          {-1e14, "3168", "—", "Zero KB", "-100,000,000,000,000", "under 0.1 s"},
+          {infinity, "in 2851", "2852", "9,223,372.04 TB", "9,223,372,036,854,775,807", " min "},
+          {-infinity, "years ago", "—", "Zero KB", "-9,223,372,036,854,775,808", "under 0.1 s"},
+          {nothing, "years ago", "—", "Zero KB", "0", "under 0.1 s"}}) {
+        const auto tells = [&](const QString& text, const char* part) {
+            EXPECT_TRUE(text.contains(QString::fromUtf8(part))) << each.figure << ": " << text.toStdString();
+        };
+        tells(formats.relativeDate(each.figure), each.relativeDate);
+        tells(formats.date(each.figure), each.date);
+        EXPECT_EQ(formats.bytes(each.figure), QString::fromUtf8(each.bytes)) << each.figure;
+        EXPECT_EQ(formats.count(each.figure), QString::fromUtf8(each.count)) << each.figure;
+        tells(formats.duration(each.figure), each.duration);
+        EXPECT_FALSE(formats.percent(each.figure, 100).isEmpty());
+        EXPECT_FALSE(formats.percent(1, each.figure).isEmpty());
+    }
+}
+
+TEST(Formats, longTimesCountAverageYears) {
+    const QDateTime now(QDate(2026, 3, 31), QTime(12, 0));
+    EXPECT_EQ(relativeDateText(now.addYears(-199), now), "199 years ago");
+    EXPECT_EQ(relativeDateText(now.addYears(-201), now), "201 years ago");
+    EXPECT_EQ(relativeDateText(now.addYears(1'000), now), "in 1000 years");
 }
 
 TEST(Formats, scanTimes) {

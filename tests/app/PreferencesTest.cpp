@@ -2,6 +2,7 @@
 #include "app/Preferences.h"
 #include "app/Exclusions.h"
 #include "platform/linux/FilePreferencesStore.h"
+#include "support/Privileges.h"
 #include "support/TemporaryTree.h"
 
 #include <fstream>
@@ -110,6 +111,22 @@ TEST(Preferences, fileThatCannotBeReadIsAFolder) {
     EXPECT_TRUE(tree.exists(std::string(fileName) + ".damaged/inside"));
     FilePreferencesStore again(tree.path(fileName));
     EXPECT_EQ(Preferences(again).lowSpaceGB(), 20);
+}
+
+TEST(Preferences, fileThatMayNotBeReadIsLeftAsItIs) {
+    const test::TemporaryTree tree;
+    const std::string file = tree.fileWithText(fileName, "{\"lowSpaceGB\": 30}");
+    ASSERT_EQ(chmod(file.c_str(), 0), 0);
+    {
+        const test::OrdinaryRights rights;
+        FilePreferencesStore store(file);
+        Preferences preferences(store);
+        preferences.setLowSpaceGB(20);
+        EXPECT_EQ(preferences.lowSpaceGB(), 20);
+    }
+    ASSERT_EQ(chmod(file.c_str(), 0600), 0);
+    EXPECT_EQ(contents(file), "{\"lowSpaceGB\": 30}");
+    EXPECT_FALSE(tree.exists(std::string(fileName) + ".damaged"));
 }
 
 TEST(Preferences, missingHomeFolderIsNotMade) {

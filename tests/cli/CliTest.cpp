@@ -5,6 +5,7 @@
 #include "core/Scanner.h"
 #include "support/Program.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 #include "json/Json.h"
 
 #include <algorithm>
@@ -66,7 +67,7 @@ TEST(Cli, scanJsonHoldsTheFieldsOfTheResult) {
     tree.file("a/b/odd \"\\\n\x1b\xff.pdf", 700'000);
     tree.file("a/small.txt", 5'000);
     tree.hardLink("link.mov", "a/large.mov");
-    const auto expected = Scanner().scan(tree.root(), {}, {});
+    const auto expected = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     const Outcome outcome = cli({"scan", tree.root(), "--json", "--files", "--tree"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.error, "");

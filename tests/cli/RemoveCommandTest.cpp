@@ -1,13 +1,19 @@
 // `remove`, `history` and `restore` of the built program, each in a home folder of its own.
 
 #include "core/MeasureTree.h"
+#include "platform/linux/ScratchName.h"
+#include "safety/HistoryFormat.h"
+#include "safety/RunJournal.h"
 #include "support/Program.h"
 #include "support/TemporaryTree.h"
 #include "support/TreeSnapshot.h"
 #include "json/Json.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace brimlet {
 namespace {
@@ -122,6 +128,43 @@ TEST_F(RemoveCommandTest, permanentRemovalHasNoWayBack) {
     EXPECT_EQ(run({"restore", "--last"}).status, 2);
 }
 
+TEST_F(RemoveCommandTest, anInterruptLeavesTheRestInItsPlace) {
+    constexpr int files = 40'000;
+    for (int i = 0; i < files; ++i)
+        home.file("Downloads/large/" + std::to_string(i / 200) + "/" + std::to_string(i), 0);
+    const std::string large = home.path("Downloads/large");
+    const Outcome outcome = test::runInterrupted(
+        BRIMLET_CLI, {"remove", "--yes", "--json", "--permanent", large, safe}, {{"HOME", home.root()}});
+    EXPECT_NE(outcome.status, 0);
+    const auto report = readJson(outcome.output);
+    ASSERT_TRUE(report) << outcome.output << outcome.error;
+    EXPECT_EQ(report->at("failures").size(), 2U);
+    EXPECT_GT(measureTree(large).files, 0);
+    EXPECT_TRUE(home.exists("Downloads/old.txt"));
+    const auto left = test::snapshotOf(home.path("Downloads"));
+    EXPECT_TRUE(std::none_of(left.begin(), left.end(), [](const auto& entry) {
+        return entry.first.find(".brimlet-") != std::string::npos;
+    }));
+}
+
+TEST_F(RemoveCommandTest, onlyARemovalCompletesWhatWasInterrupted) {
+    const std::string aside = scratchName();
+    home.fileWithText("Downloads/" + aside + "/rest", "text");
+    HistoryEntry entry;
+    entry.date = historyDateNow();
+    entry.originalPath = home.path("Downloads/large");
+    home.fileWithText(
+        "Library/Application Support/Brimlet/run-dead.journal",
+        intentText({IntentKind::remove, entry, {{}, "1-1.1", {}, home.path("Downloads/" + aside)}}));
+    const auto before = test::snapshotOf(home.root());
+    for (const char* command : {"history", "junk", "scan"})
+        EXPECT_EQ(run({command}).status, 0) << command;
+    EXPECT_EQ(test::snapshotOf(home.root()), before) << "who only reads changes nothing";
+    EXPECT_EQ(run({"remove", "--yes", safe}).status, 0);
+    EXPECT_TRUE(home.exists("Downloads/large/rest"));
+    EXPECT_EQ(history().size(), 1U) << "of what was interrupted nothing is claimed";
+}
+
 TEST_F(RemoveCommandTest, theApplicationsSettingMakesRemovalPermanent) {
     home.fileWithText("Library/Preferences/com.brimlet.mac.json", R"({"permanentDelete": true})");
     const Outcome outcome = run({"remove", safe}, "y\n");
@@ -175,6 +218,46 @@ TEST_F(RemoveCommandTest, entriesAreRestoredByTheirIdentifiers) {
     const Outcome table = run({"history"});
     EXPECT_THAT(table.output,
                 testing::MatchesRegex(".*in Trash *[^\n]*other.txt\n.*restored *[^\n]*old.txt\n"));
+}
+
+TEST_F(RemoveCommandTest, aFolderAboveTheHomeFolderStays) {
+    const test::TemporaryTree disk;
+    disk.file("users/me/Documents/letter.txt", 5'000);
+    const std::map<std::string, std::string> environment = {{"HOME", disk.path("users/me")}};
+    const Outcome plan =
+        test::runProgram(BRIMLET_CLI, {"remove", "--dry-run", disk.path("users")}, environment);
+    EXPECT_THAT(plan.output, HasSubstr("Protected (never removed)"));
+    EXPECT_THAT(plan.output, HasSubstr("It contains your home folder."));
+    for (const bool isPermanent : {false, true}) {
+        std::vector<std::string> arguments = {"remove", "--include-review", "--yes", disk.path("users")};
+        if (isPermanent)
+            arguments.emplace_back("--permanent");
+        const Outcome outcome = test::runProgram(BRIMLET_CLI, arguments, environment);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_THAT(outcome.output, HasSubstr("It contains your home folder."));
+        EXPECT_TRUE(disk.exists("users/me/Documents/letter.txt"));
+    }
+}
+
+TEST_F(RemoveCommandTest, inAnothersHomeFolderNothingIsRemovedOrRecorded) {
+    ASSERT_EQ(run({"remove", "--yes", safe}).status, 0);
+    constexpr uid_t another = 65'534;
+    if (chmod(home.root().c_str(), 0755) != 0 || chown(home.root().c_str(), another, another) != 0)
+        GTEST_SKIP() << "only root can give a folder away";
+    const auto before = test::snapshotOf(home.root());
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"remove", "--include-review", "--yes", review},
+          {"restore", "--last"},
+          {"history"}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments.front();
+        EXPECT_THAT(outcome.error, HasSubstr("belongs to another user"));
+        EXPECT_EQ(outcome.output, "");
+    }
+    EXPECT_EQ(test::snapshotOf(home.root()), before);
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"scan", home.root()}, {"measure", review}, {"junk"}, {"verdict", review}})
+        EXPECT_EQ(run(arguments).status, 0) << arguments.front();
 }
 
 TEST_F(RemoveCommandTest, wrongUseIsStatus2) {

@@ -42,6 +42,7 @@ TEST(ByteFormat, writesNumbersWithTheGivenSymbols) {
     EXPECT_EQ(formatCount(-1'234'567, german), "-1.234.567");
     EXPECT_EQ(formatCount(-123, german), "-123");
     EXPECT_EQ(formatCount(1'000, german), "1.000");
+    EXPECT_EQ(formatCount(std::numeric_limits<std::int64_t>::min()), "-9,223,372,036,854,775,808");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "core/FileKind.h"
 #include "core/Paths.h"
 #include "core/StorageBucket.h"
+#include "tables/SystemTables.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -52,16 +53,15 @@ TEST(Categories, areListedInOrderWithDistinctNames) {
     for (std::size_t i = 0; i < fileKindCount; ++i) {
         EXPECT_EQ(static_cast<std::size_t>(allFileKinds()[i]), i);
         EXPECT_TRUE(names.insert(look(allFileKinds()[i]).caseName).second);
-        EXPECT_TRUE(look(allFileKinds()[i]).explanation.empty());
     }
     names.clear();
     for (std::size_t i = 0; i < storageBucketCount; ++i) {
         EXPECT_EQ(static_cast<std::size_t>(allStorageBuckets()[i]), i);
         EXPECT_TRUE(names.insert(look(allStorageBuckets()[i]).caseName).second);
-        EXPECT_FALSE(look(allStorageBuckets()[i]).explanation.empty());
+        EXPECT_FALSE(macosTables().bucketExplanations[i].empty());
     }
     EXPECT_EQ(look(Kind::diskImage).title, "Disk Images & Installers");
-    EXPECT_EQ(look(Bucket::other).explanation, "Everything that doesn’t fit another category.");
+    EXPECT_EQ(macosTables().bucketExplanations.back(), "Everything that doesn’t fit another category.");
 }
 
 TEST(StorageBucket, ofADirectoryComesFromTheFirstRuleThatApplies) {
@@ -122,7 +122,8 @@ TEST(StorageBucket, ofADirectoryComesFromTheFirstRuleThatApplies) {
     };
     for (const Case& one : cases) {
         const auto components = pathComponents(one.path);
-        EXPECT_EQ(bucketForDirectory(lastPathComponent(one.path), components, one.inherited), one.bucket)
+        EXPECT_EQ(macosTables().folders.bucket(lastPathComponent(one.path), components, one.inherited),
+                  one.bucket)
             << one.path;
     }
 }
@@ -136,12 +137,12 @@ TEST(StorageBucket, ofAFileIsItsDirectorysUnlessThatIsOther) {
 }
 
 TEST(StorageBucket, packageNamesKeepTheirCase) {
-    EXPECT_TRUE(isPackageName("X.app"));
-    EXPECT_TRUE(isPackageName(".app"));
-    EXPECT_TRUE(isPackageName("a.b.prefPane"));
-    EXPECT_FALSE(isPackageName("a.prefpane"));
-    EXPECT_FALSE(isPackageName("app"));
-    EXPECT_FALSE(isPackageName("X.app."));
+    EXPECT_TRUE(macosTables().folders.isPackage("X.app"));
+    EXPECT_TRUE(macosTables().folders.isPackage(".app"));
+    EXPECT_TRUE(macosTables().folders.isPackage("a.b.prefPane"));
+    EXPECT_FALSE(macosTables().folders.isPackage("a.prefpane"));
+    EXPECT_FALSE(macosTables().folders.isPackage("app"));
+    EXPECT_FALSE(macosTables().folders.isPackage("X.app."));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace brimlet {
 namespace {
@@ -75,6 +76,22 @@ TEST_F(FileFilterTest, everyFieldNarrowsTheListAtItsEdge) {
     };
     for (const Case& one : cases)
         EXPECT_EQ(matches(one.edit), one.matches) << one.what;
+}
+
+TEST_F(FileFilterTest, extremeDatesAndSizesKeepTheirOrder) {
+    FileFilter old;
+    old.modifiedOlderThanDays = std::numeric_limits<int>::max();
+    FileFilter large;
+    large.minSize = std::numeric_limits<std::int64_t>::max();
+    for (const double modified : {-0x1p63, 0x1p63, 9.2e18, 1e13}) {
+        m_file->modified = modified;
+        m_file->size = modified < 0 ? large.minSize : -large.minSize - 1;
+        EXPECT_EQ(old.matches(*m_file, now), modified < 0) << modified;
+        EXPECT_EQ(large.matches(*m_file, now), modified < 0) << m_file->size;
+    }
+    m_file->size = 0;
+    old.modifiedOlderThanDays = std::numeric_limits<int>::min();
+    EXPECT_TRUE(old.matches(*m_file, now));
 }
 
 TEST_F(FileFilterTest, equalityIncludesWhatMatchingIgnores) {

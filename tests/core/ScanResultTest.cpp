@@ -1,5 +1,6 @@
 #include "core/ScanResult.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace brimlet {
@@ -120,6 +121,53 @@ TEST_F(ScanResultTest, deletionMatchesWholeNodePathsOnly) {
     EXPECT_TRUE(m_ab->deleted);
     EXPECT_FALSE(m_a->deleted);
     EXPECT_EQ(m_result.root->size, total - 100 - 11);
+}
+
+TEST_F(ScanResultTest, whatLiesBelowADeletedFolderChangesNothingAboveIt) {
+    build("/r");
+    m_a->bucket = StorageBucket::junk;
+    m_result.markDeleted({"/r/a"});
+    const std::int64_t left = m_result.root->size;
+    m_result.markDeleted({"/r/a/b/big"});
+    m_result.markDeleted({"/r/a/b/big", "/r/a/c"});
+    EXPECT_EQ(m_result.root->size, left);
+    EXPECT_EQ(m_result.bucketTotals[StorageBucket::junk], -133);
+    EXPECT_EQ(m_a->size, 22);
+    EXPECT_EQ(m_b->size, 11);
+
+    m_result.markRestored({"/r/a", "/r/ab", "/r/no"});
+    EXPECT_EQ(m_result.root->size, left + 22);
+    EXPECT_FALSE(m_a->deleted);
+    EXPECT_TRUE(m_c->deleted);
+    EXPECT_EQ(m_result.bucketTotals[StorageBucket::junk], -133 + 22);
+}
+
+TEST_F(ScanResultTest, folderMadeAnewForWhatIsPutBackHoldsNothingElse) {
+    build("/r");
+    m_result.markDeleted({"/r/a/c"});
+    m_result.markDeleted({"/r/a"});
+    const std::int64_t left = m_result.root->size;
+    m_result.markRestored({"/r/a/c"});
+    EXPECT_FALSE(m_a->deleted);
+    EXPECT_TRUE(m_b->deleted);
+    EXPECT_EQ(m_a->size, 10 + m_c->size);
+    EXPECT_EQ(m_a->smallFilesCount, 0);
+    EXPECT_EQ(m_result.root->size, left + m_a->size);
+    EXPECT_EQ(m_result.bucketTotals[StorageBucket::other], m_result.root->size);
+}
+
+TEST_F(ScanResultTest, nodesAreFoundByTheirExactPathsOutermostOnly) {
+    build("/r");
+    using Nodes = std::vector<FileNode*>;
+    const auto found = [&](const std::unordered_set<std::string>& paths) {
+        Nodes nodes = m_result.nodesAtNodePaths(paths);
+        std::ranges::sort(nodes, {}, &FileNode::name);
+        return nodes;
+    };
+    EXPECT_EQ(found({"/r/a", "/r/a/b/big", "/r/ab", "/r/a-b"}), (Nodes{m_a, m_ab}));
+    EXPECT_EQ(found({"/r/a/b", "/r/a/b/big", "/r/a/c", "/r/a//c", "/r/a/c/"}), (Nodes{m_b, m_c}));
+    EXPECT_EQ(found({"/", "/r/", "/rr", "/r/a/b/big/x", "r/a"}), Nodes());
+    EXPECT_EQ(found({"/r", "/r/a"}), Nodes{m_result.root});
 }
 
 TEST_F(ScanResultTest, deletedRootHasNoAncestorsToChange) {

@@ -6,6 +6,7 @@
 #include "support/FtsWalk.h"
 #include "support/Privileges.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <atomic>
@@ -150,7 +151,7 @@ TEST(Scanner, givesNothingWhereTheRootIsNoFolder) {
     tree.symbolicLink("link", tree.root());
     for (const std::string& path :
          {tree.path("nothing"), tree.path("file"), tree.path("link"), std::string()})
-        EXPECT_EQ(Scanner().scan(path, {}, {}), nullptr) << path;
+        EXPECT_EQ(Scanner(macosTables().folders).scan(path, {}, {}), nullptr) << path;
     EXPECT_EQ(measureTree(tree.path("nothing")), TreeMeasure{});
     EXPECT_EQ(measureTree(tree.path("file")), (TreeMeasure{0, 1}));
     EXPECT_EQ(measureTree(tree.path("link")), test::ftsMeasure(tree.path("link")));
@@ -161,7 +162,7 @@ TEST(Scanner, keepsARootThatCantBeRead) {
     tree.file("closed/file", 10);
     chmod(tree.path("closed").c_str(), 0);
     const test::OrdinaryRights rights;
-    const auto result = Scanner().scan(tree.path("closed"), {}, {});
+    const auto result = Scanner(macosTables().folders).scan(tree.path("closed"), {}, {});
     ASSERT_TRUE(result);
     EXPECT_TRUE(result->root->unreadable);
     EXPECT_EQ(result->unreadableDirectories, 1);
@@ -173,7 +174,7 @@ TEST(Scanner, givesAFileItsNodeFrom512KiBOfBlocks) {
     tree.file("large", 524'288);
     tree.file("small", 524'288 - 4'096);
     tree.sparseFile("sparse", 1'000'000'000);
-    const auto result = Scanner().scan(tree.root(), {}, {});
+    const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     ASSERT_EQ(result->files.size(), 1U);
     EXPECT_EQ(result->files[0]->path(), tree.path("large"));
     EXPECT_EQ(result->root->smallFilesSize, 524'288 - 4'096);
@@ -184,7 +185,8 @@ TEST(Scanner, givesAFileItsNodeFrom512KiBOfBlocks) {
 TEST(Scanner, neverOpensFifosOrDevices) {
     const TemporaryTree tree;
     mkfifo(tree.path("fifo").c_str(), 0600);
-    const auto result = Scanner().scan(tree.root(), {}, {}); // opening it would wait for a writer
+    const auto result =
+        Scanner(macosTables().folders).scan(tree.root(), {}, {}); // opening it would wait for a writer
     EXPECT_EQ(result->totalFiles, 1);
     EXPECT_EQ(measureTree(tree.path("fifo")).files, 1);
 }
@@ -193,7 +195,7 @@ TEST(Scanner, reachesFoldersDeeperThanAnyPath) {
     constexpr int levels = 3'000;
     const TemporaryTree tree;
     const DeepChain chain(tree, levels);
-    const auto result = Scanner().scan(tree.root(), {}, {});
+    const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     ASSERT_TRUE(result);
     EXPECT_EQ(result->totalFiles, levels);
     EXPECT_EQ(result->totalDirectories, 2 * levels + 2);
@@ -205,10 +207,10 @@ TEST(Scanner, losesNoFolderWhenDescriptorsRunOut) {
     const TemporaryTree tree;
     fillWide(tree, 30);
     const DeepChain chain(tree, 100);
-    const auto expected = Scanner().scan(tree.root(), {}, {});
+    const auto expected = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     for (const rlim_t more : {3, 4, 8, 12, 20}) {
         const DescriptorLimit limit(more);
-        const auto result = Scanner().scan(tree.root(), {}, {});
+        const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
         ASSERT_TRUE(result);
         EXPECT_EQ(test::differences(*result, *expected), "") << more;
         EXPECT_EQ(measureTree(tree.root()).bytes, expected->root->size) << more;
@@ -222,7 +224,7 @@ TEST(Scanner, endsWithoutAnyDescriptor) {
     const TemporaryTree tree;
     tree.file("a/b/file", 10);
     const DescriptorLimit limit(0);
-    const auto result = Scanner().scan(tree.root(), {}, {});
+    const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     ASSERT_TRUE(result);
     EXPECT_TRUE(result->root->unreadable);
 }
@@ -250,7 +252,7 @@ TEST(Scanner, survivesATreeThatChangesUnderIt) {
         }
     });
     for (int i = 0; i < 150; ++i) {
-        const auto result = Scanner().scan(tree.root(), {}, {});
+        const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
         ASSERT_TRUE(result);
         EXPECT_TRUE(result->files.empty()) << "a link was followed";
         EXPECT_LT(measureTree(tree.root()).bytes, 4'000'000) << "a link was followed";
@@ -266,9 +268,9 @@ TEST(Scanner, leavesNothingOpenAndNoThreadBehind) {
     close(before);
     std::thread([] {}).join(); // a sanitizer starts one of its own with the first
     const std::size_t threads = threadsOfProcess();
-    Scanner().scan(tree.root(), {}, {});
+    Scanner(macosTables().folders).scan(tree.root(), {}, {});
     measureTree(tree.root());
-    Scanner cancelled;
+    Scanner cancelled(macosTables().folders);
     cancelled.cancel();
     cancelled.scan(tree.root(), {}, {});
     const int after = dup(0);
@@ -280,13 +282,13 @@ TEST(Scanner, leavesNothingOpenAndNoThreadBehind) {
 TEST(Scanner, givesNothingOnceCancelled) {
     const TemporaryTree tree;
     fillWide(tree, 40);
-    Scanner early;
+    Scanner early(macosTables().folders);
     early.cancel();
     EXPECT_EQ(early.scan(tree.root(), {}, {}), nullptr);
     // At any moment: all or nothing, and at once.
-    const auto whole = Scanner().scan(tree.root(), {}, {});
+    const auto whole = Scanner(macosTables().folders).scan(tree.root(), {}, {});
     for (int i = 0; i < 60; ++i) {
-        Scanner scanner;
+        Scanner scanner(macosTables().folders);
         std::thread cancelling([&] {
             std::this_thread::sleep_for(std::chrono::microseconds(100 * i));
             scanner.cancel();
@@ -308,16 +310,17 @@ TEST(Scanner, reportsProgressThatNeverFallsAndStopsWithTheScan) {
         lastFiles = 0;
         lastBytes = 0;
         const auto result =
-            Scanner().scan(root, {}, [&](std::int64_t files, std::int64_t bytes, std::string_view path) {
-                EXPECT_TRUE(running);
-                EXPECT_GE(files, lastFiles);
-                EXPECT_GE(bytes, lastBytes);
-                EXPECT_TRUE(path.starts_with(root)) << path;
-                lastFiles = files;
-                lastBytes = bytes;
-                ++reports;
-                std::this_thread::sleep_for(std::chrono::milliseconds(50));
-            });
+            Scanner(macosTables().folders)
+                .scan(root, {}, [&](std::int64_t files, std::int64_t bytes, std::string_view path) {
+                    EXPECT_TRUE(running);
+                    EXPECT_GE(files, lastFiles);
+                    EXPECT_GE(bytes, lastBytes);
+                    EXPECT_TRUE(path.starts_with(root)) << path;
+                    lastFiles = files;
+                    lastBytes = bytes;
+                    ++reports;
+                    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+                });
         EXPECT_LE(lastFiles, result->totalFiles);
         EXPECT_LE(lastBytes, result->root->size);
     }

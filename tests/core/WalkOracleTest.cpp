@@ -6,6 +6,7 @@
 #include "support/Privileges.h"
 #include "support/RandomTree.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -33,7 +34,7 @@ Paths absolute(const Paths& relative, const std::string& root) {
 void expectSameAsFts(const std::string& root, const Paths& excluded) {
     ASSERT_TRUE(test::ftsScan(root, excluded)); // settles the access times of the folders
     const auto expected = test::ftsScan(root, excluded);
-    const auto actual = Scanner().scan(root, excluded, {});
+    const auto actual = Scanner(macosTables().folders).scan(root, excluded, {});
     ASSERT_TRUE(actual);
     EXPECT_EQ(test::differences(*actual, *expected), "");
     EXPECT_EQ(measureTree(root), test::ftsMeasure(root));
@@ -94,7 +95,7 @@ TEST(MountedFileSystems, areMetAndNotEnteredAndCyclesAreLeftOut) {
                   0);
         expectSameAsFts(tree.root(), {});
         expectSameAsFts(tree.path("a/other"), {});
-        const auto result = Scanner().scan(tree.root(), {}, {});
+        const auto result = Scanner(macosTables().folders).scan(tree.root(), {}, {});
         const FileNode* other = result->nodeAtPath(tree.path("a/other"));
         ASSERT_NE(other, nullptr);
         EXPECT_TRUE(other->children.empty());

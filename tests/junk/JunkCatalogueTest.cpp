@@ -1,4 +1,4 @@
-#include "junk/JunkCatalogue.h"
+#include "support/CatalogueRule.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -13,7 +13,7 @@ using testing::ElementsAre;
 template <typename Property>
 std::vector<std::string_view> idsWhere(const Property& property) {
     std::vector<std::string_view> ids;
-    for (const JunkRule& rule : junkCatalogue()) {
+    for (const JunkRule& rule : macosTables().junk.rules) {
         if (property(rule))
             ids.push_back(rule.id);
     }
@@ -21,13 +21,13 @@ std::vector<std::string_view> idsWhere(const Property& property) {
 }
 
 TEST(JunkCatalogueTest, rulesStandInTheirOrderUnderTheirHeadings) {
-    ASSERT_EQ(junkCatalogue().size(), 17U);
-    EXPECT_EQ(junkCatalogue().front().id, "user-caches");
-    EXPECT_EQ(junkCatalogue().back().id, "old-installers");
-    EXPECT_TRUE(std::ranges::is_sorted(junkCatalogue(), {}, &JunkRule::group));
+    ASSERT_EQ(macosTables().junk.rules.size(), 17U);
+    EXPECT_EQ(macosTables().junk.rules.front().id, "user-caches");
+    EXPECT_EQ(macosTables().junk.rules.back().id, "old-installers");
+    EXPECT_TRUE(std::ranges::is_sorted(macosTables().junk.rules, {}, &JunkRule::group));
     std::set<std::string_view> ids;
     std::set<std::string_view> bases;
-    for (const JunkRule& rule : junkCatalogue()) {
+    for (const JunkRule& rule : macosTables().junk.rules) {
         EXPECT_TRUE(ids.insert(rule.id).second) << rule.id;
         EXPECT_TRUE(bases.insert(rule.base).second) << rule.base;
         EXPECT_FALSE(rule.base.ends_with('/')) << rule.base;
@@ -35,9 +35,9 @@ TEST(JunkCatalogueTest, rulesStandInTheirOrderUnderTheirHeadings) {
         EXPECT_TRUE(rule.explanation.ends_with('.')) << rule.id;
         EXPECT_EQ(rule.explanation.find('\''), std::string_view::npos)
             << "a typewriter apostrophe: " << rule.id;
-        EXPECT_EQ(junkRule(rule.id), &rule);
+        EXPECT_EQ(junkRule(macosTables().junk.rules, rule.id), &rule);
     }
-    EXPECT_EQ(junkRule("user-cache"), nullptr);
+    EXPECT_EQ(junkRule(macosTables().junk.rules, "user-cache"), nullptr);
 }
 
 TEST(JunkCatalogueTest, whatIsNotSafeOrGoesToTheTrashIsNeverOfferedTicked) {
@@ -47,7 +47,7 @@ TEST(JunkCatalogueTest, whatIsNotSafeOrGoesToTheTrashIsNeverOfferedTicked) {
                 ElementsAre("system-logs", "xcode-archives", "dot-cache", "ios-backups", "old-installers"));
     EXPECT_THAT(idsWhere([](const JunkRule& rule) { return rule.risk == Risk::safe && !rule.inSmartClean; }),
                 ElementsAre("npm-cache", "gradle-cache"));
-    for (const JunkRule& rule : junkCatalogue()) {
+    for (const JunkRule& rule : macosTables().junk.rules) {
         EXPECT_NE(rule.risk, Risk::protected_) << rule.id;
         EXPECT_FALSE(rule.inSmartClean && (rule.risk != Risk::safe || rule.removal == Removal::trash))
             << rule.id;
@@ -59,25 +59,25 @@ TEST(JunkCatalogueTest, onlyTwoRulesHaveLimits) {
                 ElementsAre("old-installers"));
     EXPECT_THAT(idsWhere([](const JunkRule& rule) { return !rule.excludedNames.empty(); }),
                 ElementsAre("user-caches"));
-    EXPECT_EQ(junkRule("user-caches")->excludedNames.size(), 9U);
-    EXPECT_EQ(junkRule("old-installers")->extensions->size(), 5U);
-    EXPECT_EQ(junkRule("old-installers")->minAgeDays, 7);
-    EXPECT_TRUE(junkRule("user-caches")->excludes("com.brimlet.mac")) << "the application's own cache";
+    EXPECT_EQ(test::macRule("user-caches").excludedNames.size(), 9U);
+    EXPECT_EQ(test::macRule("old-installers").extensions->size(), 5U);
+    EXPECT_EQ(test::macRule("old-installers").minAgeDays, 7);
+    EXPECT_TRUE(test::macRule("user-caches").excludes("com.brimlet.mac")) << "the application's own cache";
 }
 
 TEST(JunkCatalogueTest, onlySystemLogsDontDependOnTheHomeFolder) {
-    for (const JunkRule& rule : junkCatalogue()) {
+    for (const JunkRule& rule : macosTables().junk.rules) {
         const bool absolute = rule.id == "system-logs";
         EXPECT_EQ(rule.resolvedBase("/Users/me") == rule.resolvedBase("/Users/you"), absolute) << rule.id;
     }
-    EXPECT_EQ(junkRule("trash")->resolvedBase("/Users/me"), "/Users/me/.Trash");
-    EXPECT_EQ(junkRule("trash")->resolvedBase("/"), "/.Trash");
+    EXPECT_EQ(test::macRule("trash").resolvedBase("/Users/me"), "/Users/me/.Trash");
+    EXPECT_EQ(test::macRule("trash").resolvedBase("/"), "/.Trash");
 }
 
 TEST(JunkGroupTest, everyHeadingHasItsOwnLook) {
     std::set<std::string_view> names;
     std::set<std::string_view> symbols;
-    for (const JunkGroup group : allJunkGroups) {
+    for (const JunkGroup group : macosTables().junk.groups) {
         EXPECT_TRUE(names.insert(look(group).caseName).second);
         EXPECT_TRUE(symbols.insert(look(group).symbol).second);
         EXPECT_FALSE(look(group).title.empty());

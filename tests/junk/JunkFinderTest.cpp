@@ -1,12 +1,13 @@
 #include "junk/JunkFinder.h"
 #include "core/MeasureTree.h"
-#include "junk/JunkCatalogue.h"
 #include "platform/linux/LinuxDirectoryLister.h"
+#include "support/CatalogueRule.h"
 #include "support/FakeAccessProbe.h"
 #include "support/HookedDirectoryLister.h"
 #include "support/MadeUpRule.h"
 #include "support/Privileges.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -41,7 +42,7 @@ protected:
     }
 
     std::vector<std::string> found(std::string_view ruleId) const {
-        return names(finder.scanRule(*junkRule(ruleId)));
+        return names(finder.scanRule(test::macRule(ruleId)));
     }
 };
 
@@ -51,7 +52,7 @@ TEST_F(JunkFinderTest, directChildrenAreItemsWithAllThatIsInThem) {
     home.file("Library/Caches/single", 8 * block);
     home.file("Library/Caches/.hidden \xFF", block);
     home.setTimes("Library/Caches/single", 1, 42.5);
-    const auto finding = finder.scanRule(*junkRule("user-caches"));
+    const auto finding = finder.scanRule(test::macRule("user-caches"));
     ASSERT_TRUE(finding);
     EXPECT_EQ(finding->rule.id, "user-caches");
     EXPECT_THAT(names(finding), ElementsAre("single", "com.foo", ".hidden \xFF")) << "largest first";
@@ -68,7 +69,7 @@ TEST_F(JunkFinderTest, directChildrenAreItemsWithAllThatIsInThem) {
 }
 
 TEST_F(JunkFinderTest, excludedNamesNeverCount) {
-    for (const std::string_view name : junkRule("user-caches")->excludedNames)
+    for (const std::string_view name : test::macRule("user-caches").excludedNames)
         home.file("Library/Caches/" + std::string(name) + "/a", block);
     EXPECT_THAT(found("user-caches"), IsEmpty());
     home.file("Library/Caches/cloudkit/a", block);
@@ -115,7 +116,7 @@ TEST_F(JunkFinderTest, ageLimitHoldsToTheSecond) {
                                                   }
                                               });
     const JunkFinder withUndated(home.root(), undated, access, [] { return now; });
-    const auto finding = withUndated.scanRule(*junkRule("old-installers"));
+    const auto finding = withUndated.scanRule(test::macRule("old-installers"));
     EXPECT_THAT(names(finding), UnorderedElementsAre("exactly.dmg", "a second more.dmg", "undated.dmg"));
     for (const JunkItem& item : finding->items)
         EXPECT_EQ(item.modified.has_value(), !item.path.ends_with("undated.dmg"));
@@ -130,7 +131,8 @@ TEST_F(JunkFinderTest, folderThatIsNoneOfItsOwnFindsNothing) {
     home.file("elsewhere/precious", block);
     home.symbolicLink(".cache", "elsewhere");
     EXPECT_THAT(found("dot-cache"), IsEmpty()) << "a link";
-    EXPECT_THAT(finder.scan(junkCatalogue()).size(), finder.scan({{*junkRule("system-logs")}}).size());
+    EXPECT_THAT(finder.scan(macosTables().junk.rules).size(),
+                finder.scan({{test::macRule("system-logs")}}).size());
 }
 
 TEST_F(JunkFinderTest, unreadableFolderFindsNothing) {
@@ -155,12 +157,12 @@ TEST_F(JunkFinderTest, whatVanishesAfterTheListingIsNoItem) {
         std::filesystem::remove_all(home.path(".cache/goes"));
     });
     const JunkFinder late(home.root(), vanishing, access);
-    EXPECT_THAT(names(late.scanRule(*junkRule("dot-cache"))), ElementsAre("stays"));
+    EXPECT_THAT(names(late.scanRule(test::macRule("dot-cache"))), ElementsAre("stays"));
 
     const test::HookedDirectoryLister allGone(lister, [&](const std::string&, std::vector<ListedChild>&) {
         std::filesystem::remove_all(home.path(".cache"));
     });
-    EXPECT_FALSE(JunkFinder(home.root(), allGone, access).scanRule(*junkRule("dot-cache")).has_value());
+    EXPECT_FALSE(JunkFinder(home.root(), allGone, access).scanRule(test::macRule("dot-cache")).has_value());
 }
 
 TEST_F(JunkFinderTest, hardLinkCountsOnceInAnItemAndAgainInTheNext) {
@@ -168,7 +170,7 @@ TEST_F(JunkFinderTest, hardLinkCountsOnceInAnItemAndAgainInTheNext) {
     home.hardLink(".cache/first/b", ".cache/first/a");
     home.directory(".cache/second");
     home.hardLink(".cache/second/c", ".cache/first/a");
-    const auto finding = finder.scanRule(*junkRule("dot-cache"));
+    const auto finding = finder.scanRule(test::macRule("dot-cache"));
     ASSERT_TRUE(finding && finding->items.size() == 2);
     for (const JunkItem& item : finding->items) {
         EXPECT_EQ(item.fileCount, 1) << item.path;
@@ -179,7 +181,7 @@ TEST_F(JunkFinderTest, hardLinkCountsOnceInAnItemAndAgainInTheNext) {
 
 TEST_F(JunkFinderTest, containersAreTriedOnlyWithFullDiskAccess) {
     home.file("Library/Containers/com.apple.mail/Data/Library/Mail Downloads/a.pdf", block);
-    const JunkRule rules[] = {*junkRule("mail-downloads"), *junkRule("user-caches")};
+    const JunkRule rules[] = {test::macRule("mail-downloads"), test::macRule("user-caches")};
     EXPECT_EQ(finder.scan(rules).size(), 1U);
     access.granted = false;
     EXPECT_EQ(finder.scan(rules).size(), 0U);
@@ -208,7 +210,7 @@ TEST_F(JunkFinderTest, manyItemsAreEachMeasuredForThemselves) {
     constexpr int count = 600;
     for (int i = 0; i < count; ++i)
         home.file(".cache/item" + std::to_string(i) + "/f", static_cast<std::size_t>(i % 7 + 1) * block);
-    const auto finding = finder.scanRule(*junkRule("dot-cache"));
+    const auto finding = finder.scanRule(test::macRule("dot-cache"));
     ASSERT_TRUE(finding);
     EXPECT_EQ(finding->items.size(), static_cast<std::size_t>(count));
     EXPECT_TRUE(std::ranges::is_sorted(finding->items, std::greater(), &JunkItem::size));

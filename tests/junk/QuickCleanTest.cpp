@@ -1,7 +1,7 @@
 #include "junk/QuickClean.h"
 
-#include "junk/JunkCatalogue.h"
 #include "support/MadeUpJunk.h"
+#include "tables/SystemTables.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,8 +17,8 @@ std::vector<JunkFinding> mixedJunk() {
 }
 
 TEST(QuickClean, ticksOnlyWhatTheCatalogueOffersAndNeverAReviewRule) {
-    const RuleSelection selection = defaultSelection(junkCatalogue());
-    for (const JunkRule& rule : junkCatalogue()) {
+    const RuleSelection selection = defaultSelection(macosTables().junk.rules);
+    for (const JunkRule& rule : macosTables().junk.rules) {
         EXPECT_EQ(selection.contains(rule.id), rule.inSmartClean) << rule.id;
         EXPECT_FALSE(selection.contains(rule.id) && rule.risk != Risk::safe) << rule.id;
     }

@@ -6,6 +6,7 @@
 #include "support/FakeBundles.h"
 #include "support/PropertyLists.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -60,7 +61,7 @@ TEST_F(LinuxBundleReaderTest, pipeInPlaceOfTheListIsNotWaitedFor) {
 
 TEST_F(LinuxBundleReaderTest, openApplicationIsProtectedUntilItEnds) {
     const LinuxRunningApplications running(reader);
-    const SafetyPolicy policy("/Users/me", {}, reader, running);
+    const SafetyPolicy policy("/Users/me", macosTables().safety, {}, reader, running);
     const std::string bundle = makeBundle("Busy.app", xmlInfoList("com.foo.Busy"));
     const std::string copy = makeBundle("Copy.app", xmlInfoList("com.foo.Busy"));
     const std::string other = makeBundle("Other.app", xmlInfoList("com.foo.Other"));

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "core/MeasureTree.h"
+#include "platform/linux/LinuxEntryLookup.h"
 #include "support/TemporaryTree.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +14,7 @@ using testing::IsEmpty;
 using testing::Optional;
 using testing::UnorderedElementsAre;
 
-TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDates) {
+TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDatesAndIdentities) {
     const test::TemporaryTree tree;
     const LinuxDirectoryLister lister;
     tree.file("folder/.hidden");
@@ -27,11 +28,16 @@ TEST(LinuxDirectoryListerTest, listsHiddenAndOddNamesWithTheirOwnDates) {
     const auto bytesOf = [&](const std::string& name) {
         return measureTree(tree.path("folder/" + name)).bytes;
     };
-    EXPECT_THAT(lister.children(tree.path("folder")),
-                Optional(UnorderedElementsAre(ListedChild{".hidden", 1'700'000'000.5, bytesOf(".hidden")},
-                                              ListedChild{"new\nline \xFF", 5, bytesOf("new\nline \xFF")},
-                                              ListedChild{"inner", 6, std::nullopt},
-                                              ListedChild{"link", -7, bytesOf("link")})));
+    const auto child = [&](const std::string& name, double modified, std::optional<std::int64_t> bytes) {
+        const auto found = LinuxEntryLookup().find(tree.path("folder/" + name));
+        EXPECT_TRUE(found) << name;
+        return ListedChild{name, modified, bytes, found ? std::optional(found->identity) : std::nullopt};
+    };
+    EXPECT_THAT(
+        lister.children(tree.path("folder")),
+        Optional(UnorderedElementsAre(child(".hidden", 1'700'000'000.5, bytesOf(".hidden")),
+                                      child("new\nline \xFF", 5, bytesOf("new\nline \xFF")),
+                                      child("inner", 6, std::nullopt), child("link", -7, bytesOf("link")))));
     EXPECT_THAT(lister.children(tree.directory("empty")), Optional(IsEmpty()));
 }
 

@@ -1,5 +1,6 @@
 // The history file: its format, its limits, and what happens to it when it is damaged or shared.
 
+#include "platform/linux/LinuxEntryLookup.h"
 #include "safety/DeletionPlanning.h"
 #include "safety/HistoryFormat.h"
 #include "support/DeletionStage.h"
@@ -34,13 +35,14 @@ TEST(HistoryFormat, isTheOneThatOthersRead) {
     trashed.id = *Uuid::fromText("0f0e0d0c-0b0a-4908-8706-050403020100");
     trashed.trashPath = "/Users/me/.Trash/caf\xe9";
     trashed.size = 4096;
+    trashed.identity = "12-34.5";
     HistoryEntry removed = entryNamed("/tmp/x", 1);
     removed.id = trashed.id;
     removed.restored = true;
     const std::string text = historyText({trashed, removed});
     EXPECT_EQ(text, R"([{"id":"0F0E0D0C-0B0A-4908-8706-050403020100","date":700000000.25,)"
                     R"("originalPath":"/Users/me/caf\udce9","trashPath":"/Users/me/.Trash/caf\udce9",)"
-                    R"("size":4096,"restored":false},)"
+                    R"("size":4096,"restored":false,"identity":"12-34.5"},)"
                     R"({"id":"0F0E0D0C-0B0A-4908-8706-050403020100","date":1.0,"originalPath":"/tmp/x",)"
                     R"("size":0,"restored":true}])");
     EXPECT_EQ(historyFromText(text), (std::vector<HistoryEntry>{trashed, removed}));
@@ -57,6 +59,7 @@ TEST(HistoryFormat, toleratesNumbersAndKeysButNoLack) {
     } cases[] = {
         {id + path + R"("date":5,"size":7.0,"restored":false)", true},
         {id + path + R"("date":5.5,"size":-1,"restored":true,"trashPath":null,"more":[1])", true},
+        {id + path + R"("date":5.5,"size":1,"restored":true,"identity":7)", true},
         {id + path + R"("date":5.5,"size":1e18,"restored":true)", true},
         {id + path + R"("date":5.5,"size":1e19,"restored":true)", false},
         {id + path + R"("date":5.5,"size":18446744073709551615,"restored":true)", false},
@@ -193,7 +196,8 @@ TEST(History, refusesWhatCannotComeBack) {
     EXPECT_EQ(history.restoreIfPossible(history.entries().front())->description,
               "It has been restored already.");
     EXPECT_EQ(history.restoreIfPossible(trashed.entries.front())->description,
-              "It is no longer in the Trash.");
+              "It has been restored already.")
+        << "whatever the caller remembers";
 }
 
 TEST(Journal, aLiveRunIsLeftAlone) {
@@ -359,11 +363,14 @@ TEST(Executor, judgesAgainWhenACopyIsComplete) {
     DeletionStage stage;
     stage.tree.fileWithText("home/disk/app/file", "text");
     stage.calls.separate(stage.home("disk"));
-    DeletionExecutor executor(stage.removal, stage.store, [&](std::string_view) {
-        const bool isOpen = stage.hasScratch(); // the user starts it while it is copied
-        return isOpen ? SafetyVerdict{Risk::protected_, "The app is open."}
-                      : SafetyVerdict{Risk::safe, "It is closed."};
-    });
+    DeletionExecutor executor(
+        stage.removal, stage.store,
+        [&](std::string_view) {
+            const bool isOpen = stage.hasScratch(); // the user starts it while it is copied
+            return isOpen ? SafetyVerdict{Risk::protected_, "The app is open."}
+                          : SafetyVerdict{Risk::safe, "It is closed."};
+        },
+        [] { return ProtectedPlaces({}, LinuxEntryLookup()); });
     const ExecutedRun run =
         executor.execute({DeletionStage::request(stage.home("disk/app"), Removal::trash)});
     ASSERT_EQ(run.report.skippedProtected.size(), 1U);

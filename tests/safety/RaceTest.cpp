@@ -120,6 +120,40 @@ TEST(Race, copiesToTheTrashNeverLeaveTheTree) {
     race(Removal::trash, Way::copy);
 }
 
+/// The policy has nothing against the link's target, whose entries have the same names: only that they are
+/// others than were reviewed keeps them.
+void raceWithoutProtection(Removal how) {
+    constexpr int items = 200;
+    DeletionStage stage;
+    for (const char* folder : {"home/documents", "home/stage/cache"}) {
+        for (int i = 0; i < items; ++i)
+            stage.tree.fileWithText(std::string(folder) + "/" + std::to_string(i) + "/file", "alive");
+    }
+    const auto documents = snapshotOf(stage.home("documents"));
+    std::vector<DeletionRequest> requests;
+    for (int i = 0; i < items; ++i)
+        requests.push_back(DeletionStage::request(stage.home("stage/cache/" + std::to_string(i)), how));
+    const Swapper swapper(stage.home("stage"), {"cache"}, stage.home("documents"));
+    std::size_t refused = 0;
+    const auto end = Clock::now() + raceTime();
+    for (std::size_t next = 0; next < requests.size() && Clock::now() < end;) {
+        const ExecutedRun run = stage.executor.execute({requests[next]});
+        next += run.entries.size();
+        for (const DeletionFailure& failure : run.report.failures)
+            refused += failure.reason == "It has changed since it was reviewed." ? 1U : 0U;
+    }
+    EXPECT_GT(refused, 0U);
+    EXPECT_EQ(snapshotOf(stage.home("documents")), documents);
+}
+
+TEST(Race, onlyWhatWasReviewedIsRemoved) {
+    raceWithoutProtection(Removal::permanent);
+}
+
+TEST(Race, onlyWhatWasReviewedIsMovedToTheTrash) {
+    raceWithoutProtection(Removal::trash);
+}
+
 TEST(Race, aTrashSwappedForALinkReceivesNothing) {
     DeletionStage stage;
     stage.tree.directory("home/.Trash");

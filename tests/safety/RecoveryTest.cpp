@@ -77,16 +77,25 @@ public:
     std::string stuck; ///< scratch that can't be removed
     std::vector<std::string> asked;
 
-    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view) override { return errorFromErrno(EIO); }
-    Failure remove(const PinnedEntry&, const BeforeMove&) override { return errorFromErrno(EIO); }
-    Result<TrashArrival> moveToTrash(const PinnedEntry&, const BeforeMove&) override {
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view, const PlacedIdentity&) override {
         return errorFromErrno(EIO);
     }
-    Failure moveBack(std::string_view, std::string_view, const BeforeMove&) override {
+    PlannedMove planRemoval(std::string_view, const PlacedIdentity&) override { return {}; }
+    PlannedMove planTrashing(std::string_view, const PlacedIdentity&, PlannedNumbers&) override { return {}; }
+    RemovalOutcome remove(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
+                          const std::stop_token&) override {
+        return {errorFromErrno(EIO), false, {}, {}};
+    }
+    Result<TrashArrival> moveToTrash(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
+                                     const std::stop_token&) override {
+        return errorFromErrno(EIO);
+    }
+    Failure moveBack(std::string_view, std::string_view, const std::optional<FileIdentity>&,
+                     const BeforeMove&) override {
         return errorFromErrno(EIO);
     }
     Result<std::optional<FileIdentity>> identity(std::string_view) override { return errorFromErrno(EIO); }
-    Failure removeScratch(std::string_view path) override {
+    Failure removeScratch(std::string_view path, const std::stop_token&) override {
         asked.push_back("remove " + std::string(path));
         return path == stuck ? Failure(errorFromErrno(EIO)) : std::nullopt;
     }
@@ -104,6 +113,13 @@ void leaveJournal(DeletionStage& stage, const std::string& text) {
 bool hasJournal(DeletionStage& stage) {
     const std::vector<std::string> names = valueOf(stage.store.names());
     return std::any_of(names.begin(), names.end(), [](const auto& name) { return isJournalName(name); });
+}
+
+/// Both steps of a recovery that yields no entries.
+void recoverWholly(DeletionStage& stage, FileRemoval& removal) {
+    JournalRecovery recovery(stage.store, removal);
+    EXPECT_EQ(recovery.complete().count(), 0U);
+    recovery.tidy({});
 }
 
 HistoryEntry entryOf(const std::string& path, std::optional<std::string> trashPath = {}) {
@@ -162,12 +178,12 @@ TEST(JournalRecovery, aJournalStaysUntilAllItsScratchIsGone) {
     for (const char* stuck : {"/1", "/2", "/3"}) {
         removal.stuck = stuck;
         removal.asked.clear();
-        EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
+        recoverWholly(stage, removal);
         EXPECT_EQ(removal.asked, all) << "one that stays keeps no other from going";
         EXPECT_TRUE(hasJournal(stage));
     }
     removal.stuck.clear();
-    EXPECT_EQ(JournalRecovery(stage.store, removal).complete().count(), 0U);
+    recoverWholly(stage, removal);
     EXPECT_FALSE(hasJournal(stage));
 }
 
@@ -185,7 +201,8 @@ TEST(JournalRecovery, anEntryIsGivenOnceAndNoAnswerIsNotAwaitedForEver) {
     DeletionStage stage;
     stage.tree.fileWithText("home/.Trash/t", "text");
     const FileIdentity identity = *valueOf(stage.removal.identity(stage.trash("t")));
-    const HistoryEntry arrived = entryOf(stage.home("t"), stage.trash("t"));
+    HistoryEntry arrived = entryOf(stage.home("t"), stage.trash("t"));
+    arrived.identity = identity;
     HistoryEntry unknown = entryOf(stage.home("gone/c"));
     leaveJournal(stage, intentText({IntentKind::trash, arrived, {stage.trash("t"), identity, {}, {}}}) +
                             intentText({IntentKind::remove, unknown, {}}));
@@ -203,13 +220,30 @@ TEST(JournalRecovery, anEntryIsGivenOnceAndNoAnswerIsNotAwaitedForEver) {
 TEST(JournalRecovery, aRemovedFolderWhoseNameIsTakenAgainHasItsEntry) {
     DeletionStage stage;
     stage.tree.fileWithText("home/app/new", "text");
-    const std::string scratch = stage.home(scratchName());
-    std::filesystem::create_directory(scratch);
     const HistoryEntry removed = entryOf(stage.home("app"));
-    leaveJournal(stage, intentText({IntentKind::remove, removed, {{}, "1-1.1", {scratch}, {}}}));
+    leaveJournal(stage,
+                 intentText({IntentKind::remove, removed, {{}, "1-1.1", {}, stage.home(scratchName())}}));
     EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(), std::vector<HistoryEntry>{removed});
     EXPECT_TRUE(stage.tree.exists("home/app/new"));
-    EXPECT_FALSE(stage.hasScratch());
+}
+
+TEST(JournalRecovery, theRestOfARemovalReturnsAndIsNotCalledDeleted) {
+    for (const bool isTaken : {false, true}) {
+        DeletionStage stage;
+        const std::string aside = scratchName();
+        stage.tree.fileWithText("home/" + aside + "/rest", "text");
+        if (isTaken)
+            stage.tree.fileWithText("home/app/new", "text");
+        leaveJournal(stage, intentText({IntentKind::remove,
+                                        entryOf(stage.home("app")),
+                                        {{}, "1-1.1", {}, stage.home(aside)}}));
+        const DeletionHistory reader(stage.store, stage.removal, HistoryStart::fileOnly);
+        EXPECT_TRUE(stage.hasScratch()) << "who only reads changes nothing";
+        EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).entries().empty());
+        EXPECT_TRUE(stage.tree.exists(isTaken ? "home/app 2/rest" : "home/app/rest"));
+        EXPECT_FALSE(stage.hasScratch());
+        EXPECT_FALSE(hasJournal(stage));
+    }
 }
 
 TEST(JournalRecovery, anOriginalSetAsideWaitsForItsDisk) {

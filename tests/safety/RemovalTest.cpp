@@ -1,5 +1,7 @@
 // What removal does to real trees: links, depth, permissions, mounts, names.
 
+#include "core/MeasureTree.h"
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/MountPoints.h"
 #include "platform/linux/ScratchName.h"
 #include "support/DeletionStage.h"
@@ -8,6 +10,7 @@
 #include "support/TreeSnapshot.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
@@ -165,11 +168,106 @@ TEST(Removal, whatCannotGoStaysInItsPlaceAndIsReported) {
     };
     const ExecutedRun run = stage.run(stage.home("item"), Removal::permanent);
     ASSERT_EQ(run.report.failures.size(), 1U);
-    EXPECT_EQ(run.report.failures.front().reason, "Protected by macOS or in use.");
+    EXPECT_EQ(run.report.failures.front().reason, "Protected by macOS or in use. Still there: stuck/file.");
     EXPECT_TRUE(stage.tree.exists("home/item/stuck/file"));
     EXPECT_FALSE(stage.tree.exists("home/item/other"));
     EXPECT_FALSE(stage.hasScratch());
-    EXPECT_EQ(run.report.freed, 0);
+}
+
+TEST(Removal, whatWentOfAnItemCountsAlthoughTheRestStayed) {
+    DeletionStage stage;
+    stage.tree.file("home/item/large", 1 << 20);
+    stage.tree.file("home/item/kept/a", 8192);
+    stage.tree.hardLink("home/item/kept/b", "home/item/kept/a");
+    stage.tree.file("home/item/kept/c", 4096);
+    const std::int64_t before = measureTree(stage.home("item")).bytes;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        const std::string_view name = call.name;
+        if (std::string_view(call.call) == "unlink" && name != "a" && name != "large")
+            stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent, before)});
+    const std::int64_t freed = before - measureTree(stage.home("item")).bytes;
+    EXPECT_GE(freed, 1 << 20);
+    EXPECT_LT(freed, (1 << 20) + 8192) << "a file with another name left takes its bytes";
+    EXPECT_EQ(run.report.freed, freed);
+    EXPECT_TRUE(run.report.deletedPaths.empty());
+    EXPECT_TRUE(run.entries.empty());
+    EXPECT_EQ(run.report.failures.front().reason,
+              "Protected by macOS or in use. Still there: kept/b, kept/c.");
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    DeletionHistory history(stage.store, stage.removal);
+    ASSERT_TRUE(history.record(run));
+    ASSERT_EQ(stage.historyOnDisk().size(), 1U);
+    EXPECT_EQ(stage.historyOnDisk().front().size, freed);
+    EXPECT_FALSE(stage.historyOnDisk().front().trashPath);
+}
+
+TEST(Removal, aStopLeavesTheRestInItsPlaceAndTellsWhatWent) {
+    for (const std::size_t threads : {1, 3}) {
+        DeletionStage stage;
+        LinuxFileRemoval removal(stage.home(), stage.calls, {threads, 0});
+        DeletionExecutor executor(
+            removal, stage.store,
+            [](std::string_view) {
+                return SafetyVerdict{Risk::safe, "safe"};
+            },
+            [] { return ProtectedPlaces({}, LinuxEntryLookup()); });
+        for (int i = 0; i < 40; ++i)
+            stage.tree.file("home/large/" + std::to_string(i) + "/file", 4096);
+        for (const char* name : {"first", "last", "later/folder/file"})
+            stage.tree.fileWithText("home/" + std::string(name), "text");
+        std::stop_source stop;
+        std::atomic<int> unlinked = 0;
+        stage.calls.onCall = [&](const SystemCall& call) {
+            if (std::string_view(call.name) == "file" && ++unlinked == 10)
+                stop.request_stop();
+        };
+        std::vector<DeletionRequest> requests;
+        for (const char* name : {"first", "large", "last"})
+            requests.push_back(DeletionStage::request(stage.home(name), Removal::permanent, 1 << 20));
+        requests.push_back(DeletionStage::request(stage.home("later"), Removal::trash));
+        const ExecutedRun run = executor.execute(requests, stop.get_token());
+        EXPECT_EQ(run.report.deletedPaths, std::vector<std::string>{stage.home("first")});
+        ASSERT_EQ(run.report.failures.size(), 3U);
+        EXPECT_EQ(run.report.failures[0].reason, "Stopped before all of it was removed.");
+        EXPECT_EQ(run.report.failures[1].reason, "The removal was stopped before this.");
+        EXPECT_EQ(run.parts.size(), 1U);
+        EXPECT_TRUE(stage.tree.exists("home/large")) << "what is left has its name";
+        EXPECT_GE(snapshotOf(stage.home("large")).size(), 20U);
+        EXPECT_TRUE(stage.tree.exists("home/last"));
+        EXPECT_TRUE(stage.tree.exists("home/later/folder/file"));
+        EXPECT_FALSE(stage.hasScratch());
+        stage.calls.onCall = {};
+        DeletionHistory(stage.store, stage.removal).record(run);
+        for (const std::string& name : valueOf(stage.store.names()))
+            EXPECT_FALSE(isJournalName(name)) << "nothing is left to be completed";
+    }
+}
+
+TEST(Removal, aBatchIsNotedWithOneSync) {
+    DeletionStage stage;
+    std::vector<DeletionRequest> requests;
+    for (int i = 0; i < 300; ++i) {
+        const std::string name = std::to_string(i);
+        stage.tree.fileWithText("home/" + name + "/same", "text");
+        requests.push_back(DeletionStage::request(stage.home(name + "/same"), Removal::trash));
+        requests.push_back(DeletionStage::request(stage.home(name), Removal::permanent));
+    }
+    int syncs = 0;
+    int looks = 0;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        syncs += std::string_view(call.call).starts_with("sync") ? 1 : 0;
+        looks += std::string_view(call.name).starts_with("same ") ? 1 : 0;
+    };
+    const ExecutedRun run = stage.executor.execute(requests);
+    EXPECT_EQ(run.report.deletedPaths.size(), 600U);
+    EXPECT_LE(syncs, 4) << "the journal's folder, and each of two batches";
+    EXPECT_LE(looks, 3 * 300) << "the names taken before are not counted through again";
+    EXPECT_EQ(stage.trashNames().size(), 300U);
 }
 
 TEST(Removal, aRestWhoseNameWasTakenIsReportedUnderAnother) {
@@ -183,8 +281,10 @@ TEST(Removal, aRestWhoseNameWasTakenIsReportedUnderAnother) {
     };
     const ExecutedRun run = stage.run(stage.home("item"), Removal::permanent);
     ASSERT_EQ(run.report.failures.size(), 1U);
-    EXPECT_EQ(run.report.failures.front().reason,
-              "What could not be removed is now called " + stage.home("item 2"));
+    EXPECT_EQ(
+        run.report.failures.front().reason,
+        "Protected by macOS or in use. Still there: stuck/file. What could not be removed is now called " +
+            stage.home("item 2"));
     EXPECT_TRUE(stage.tree.exists("home/item 2/stuck/file"));
     EXPECT_FALSE(stage.hasScratch());
 }
@@ -206,7 +306,8 @@ TEST(MountPoints, areReadAsTheSystemWritesThem) {
                                   "23 22 0:5 / /media/My\\040Disk\\134\\0124 rw shared:1 - ext4 x rw\n"
                                   "cut off\n"),
               (std::vector<std::string>{"/", "/media/My Disk\\\n4"}));
-    EXPECT_FALSE(holdsMountPoint("/proc/self"));
+    EXPECT_FALSE(MountTable().holdsBelow("/proc/self"));
+    EXPECT_TRUE(MountTable().holdsBelow("/"));
 }
 
 TEST(Removal, neverCrossesOntoAMountedDisk) {
@@ -222,6 +323,7 @@ TEST(Removal, neverCrossesOntoAMountedDisk) {
                         MS_BIND, nullptr),
                   0);
         stage.tree.fileWithText("home/item/inside/disk/canary", "alive");
+        stage.tree.fileWithText("home/item/a file", "text");
         for (const char* path : {"item", "item/bind", "item/inside/disk"}) {
             const ExecutedRun run = stage.run(stage.home(path), Removal::permanent);
             ASSERT_EQ(run.report.failures.size(), 1U) << path;
@@ -230,6 +332,7 @@ TEST(Removal, neverCrossesOntoAMountedDisk) {
         for (const std::string& path : {disk, stage.home("item")})
             EXPECT_EQ(stage.run(path, Removal::trash).report.failures.size(), 1U) << path;
         EXPECT_TRUE(stage.tree.exists("home/item/inside/disk/canary"));
+        EXPECT_TRUE(stage.tree.exists("home/item/a file")) << "the disk is found before anything goes";
         EXPECT_TRUE(stage.tree.exists("outside/bound/canary"));
         EXPECT_FALSE(stage.hasScratch());
         umount(stage.home("item/bind").c_str());

@@ -1,10 +1,9 @@
 // The policy against the plain list of questions, over random paths that come close to every table row.
 
-#include "junk/JunkCatalogue.h"
 #include "safety/SafetyPolicy.h"
-#include "safety/SafetyTables.h"
 #include "support/FakeBundles.h"
 #include "support/PlainSafetyPolicy.h"
+#include "tables/SystemTables.h"
 
 #include <cctype>
 #include <gtest/gtest.h>
@@ -15,25 +14,27 @@
 namespace brimlet {
 namespace {
 
+const SafetyTables& tables = macosTables().safety;
+
 /// Makes paths from the tables' own pieces, and spoils some.
 class PathMaker {
 public:
     PathMaker(const std::string& home, std::uint32_t seed)
         : m_random(seed)
         , m_home(home) {
-        for (const PlaceRow& row : systemTable)
+        for (const PlaceRow& row : tables.systemPlaces)
             m_places.emplace_back(row.path);
-        for (const PlaceRow& row : userTable)
+        for (const PlaceRow& row : tables.homePlaces)
             m_places.push_back(home + "/" + std::string(row.path));
-        for (const std::string_view folder : standardFolders)
+        for (const std::string_view folder : tables.standardFolders)
             m_places.push_back(home + "/" + std::string(folder));
-        for (const JunkRule& rule : junkCatalogue()) {
+        for (const JunkRule& rule : macosTables().junk.rules) {
             m_places.push_back(rule.resolvedBase(home));
             m_names.insert(m_names.end(), rule.excludedNames.begin(), rule.excludedNames.end());
             if (rule.extensions)
                 m_extensions.insert(m_extensions.end(), rule.extensions->begin(), rule.extensions->end());
         }
-        for (const std::string_view marker : packageMarkers)
+        for (const std::string_view marker : tables.packageMarkers)
             m_extensions.push_back(marker.substr(1, marker.size() - 2));
         for (const char* place :
              {"/", "/Users", "/Applications", "/Library", "/private", "/usr", "/opt", "/Volumes"})
@@ -92,7 +93,7 @@ private:
             path += "x./"[m_random() % 3];
             break;
         case 6:
-            path.insert(at, pick(packageMarkers));
+            path.insert(at, pick(tables.packageMarkers));
             break;
         case 7:
             path.insert(at, 1, static_cast<char>(0x80 + m_random() % 0x80));
@@ -139,8 +140,8 @@ void compareOverRandomPaths(const std::string& home, std::uint32_t seed, int cou
     const ManyBundles bundles;
     test::FakeRunningApplications running;
     running.open = {"com.open.x"};
-    const SafetyPolicy policy(home, junkCatalogue(), bundles, running);
-    const test::PlainSafetyPolicy plain{home, junkCatalogue(), bundles, running};
+    const SafetyPolicy policy(home, macosTables().safety, macosTables().junk.rules, bundles, running);
+    const test::PlainSafetyPolicy plain{home, macosTables().junk.rules, bundles, running};
     PathMaker maker(home, seed);
     for (int i = 0; i < count; ++i) {
         const std::string path = maker.next();
@@ -160,15 +161,15 @@ TEST_P(SafetyPolicyOracleTest, agreesOnPathsThatReachEverySentence) {
     std::map<std::string, int> reached;
     compareOverRandomPaths("/Users/me", GetParam(), 250'000, reached);
     std::set<std::string_view> reasons;
-    for (const PlaceRow& row : systemTable)
+    for (const PlaceRow& row : tables.systemPlaces)
         reasons.insert(row.reason);
-    for (const PlaceRow& row : userTable)
+    for (const PlaceRow& row : tables.homePlaces)
         reasons.insert(row.reason);
-    for (const JunkRule& rule : junkCatalogue())
+    for (const JunkRule& rule : macosTables().junk.rules)
         reasons.insert(rule.explanation);
     // Fixed places 3, markers 8, applications 4, remaining places 7 but for "Already in the Trash", which the
     // rule of the Trash always takes.
-    EXPECT_EQ(reached.size(), reasons.size() + 3 + packageMarkers.size() + 4 + 6);
+    EXPECT_EQ(reached.size(), reasons.size() + 3 + tables.packageMarkers.size() + 4 + 6);
 }
 
 TEST_P(SafetyPolicyOracleTest, agreesWhereHomeFoldersStandOddly) {

@@ -1,10 +1,9 @@
 #include "safety/SafetyPolicy.h"
 #include "core/Localized.h"
-#include "junk/JunkCatalogue.h"
 #include "safety/PathJudge.h"
-#include "safety/SafetyTables.h"
 #include "support/FakeBundles.h"
 #include "support/MadeUpRule.h"
+#include "tables/SystemTables.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +11,8 @@
 
 namespace brimlet {
 namespace {
+
+const SafetyTables& tables = macosTables().safety;
 
 using test::FakeBundles;
 using test::FakeRunningApplications;
@@ -36,7 +37,7 @@ class SafetyPolicyTest : public testing::Test {
 protected:
     FakeBundles bundles;
     FakeRunningApplications running;
-    SafetyPolicy policy{"/Users/me", junkCatalogue(), bundles, running};
+    SafetyPolicy policy{"/Users/me", macosTables().safety, macosTables().junk.rules, bundles, running};
 
     struct Case {
         std::string path;
@@ -85,7 +86,7 @@ TEST_F(SafetyPolicyTest, rootFoldersAreProtected) {
 }
 
 TEST_F(SafetyPolicyTest, systemRowNeedsItsExactPathOrWhatLiesBelow) {
-    for (const PlaceRow& row : systemTable) {
+    for (const PlaceRow& row : tables.systemPlaces) {
         const std::string path(row.path);
         EXPECT_EQ(policy.verdict(path + "/x"), (SafetyVerdict{Risk::protected_, std::string(row.reason)}));
         EXPECT_NE(policy.verdict(path + "x/y").reason, row.reason) << path;
@@ -103,7 +104,7 @@ TEST_F(SafetyPolicyTest, systemRowNeedsItsExactPathOrWhatLiesBelow) {
 }
 
 TEST_F(SafetyPolicyTest, foldersOfRulesAreEmptiedButKept) {
-    for (const JunkRule& rule : junkCatalogue()) {
+    for (const JunkRule& rule : macosTables().junk.rules) {
         const std::string base = rule.resolvedBase("/Users/me");
         expectVerdicts({{base, Risk::protected_, emptiedSentence},
                         {"/System/Volumes/Data" + base, Risk::protected_, emptiedSentence}});
@@ -112,7 +113,7 @@ TEST_F(SafetyPolicyTest, foldersOfRulesAreEmptiedButKept) {
 }
 
 TEST_F(SafetyPolicyTest, trashIsKeptEvenWithoutARuleForIt) {
-    const SafetyPolicy bare("/Users/me", {}, bundles, running);
+    const SafetyPolicy bare("/Users/me", tables, {}, bundles, running);
     EXPECT_THAT(bare.verdict("/Users/me/.Trash").reason, StartsWith(emptiedSentence));
     EXPECT_THAT(bare.verdict("/Users/me/.Trash/x").reason, StartsWith("Already in the Trash."));
     EXPECT_EQ(bare.verdict("/Users/me/.Trash/x").risk, Risk::safe);
@@ -135,7 +136,7 @@ TEST_F(SafetyPolicyTest, whatLiesUnderARuleTakesItsRiskAndExplanation) {
 }
 
 TEST_F(SafetyPolicyTest, excludedNamesFallOutOfAllRules) {
-    const JunkRule& caches = junkCatalogue().front();
+    const JunkRule& caches = macosTables().junk.rules.front();
     ASSERT_EQ(caches.excludedNames.size(), 9U);
     for (const std::string_view name : caches.excludedNames) {
         const std::string path = "/Users/me/Library/Caches/" + std::string(name);
@@ -149,7 +150,7 @@ TEST_F(SafetyPolicyTest, excludedNamesFallOutOfAllRules) {
                                  madeUpRule("inner", "Box/in")};
     two[0].extensions = std::vector<std::string_view>{"a"};
     two[0].excludedNames = {"out"};
-    const SafetyPolicy nested("/Users/me", two, bundles, running);
+    const SafetyPolicy nested("/Users/me", tables, two, bundles, running);
     EXPECT_EQ(nested.rule("/Users/me/Box/out/x"), nullptr);
     EXPECT_EQ(nested.rule("/Users/me/Box/x.A"), &two[0]);
     EXPECT_EQ(nested.rule("/Users/me/Box/in/x.a"), &two[1]);
@@ -171,7 +172,7 @@ TEST_F(SafetyPolicyTest, extensionOfTheTopItemDecidesInDownloads) {
 }
 
 TEST_F(SafetyPolicyTest, standardFoldersOfTheHomeFolderAreProtected) {
-    for (const std::string_view folder : standardFolders) {
+    for (const std::string_view folder : tables.standardFolders) {
         if (folder != "Downloads") {
             expectVerdicts({{"/Users/me/" + std::string(folder), Risk::protected_, standardSentence}});
         }
@@ -184,7 +185,7 @@ TEST_F(SafetyPolicyTest, standardFoldersOfTheHomeFolderAreProtected) {
 }
 
 TEST_F(SafetyPolicyTest, userRowCoversItselfWhatIsBelowAndItsDotNames) {
-    for (const PlaceRow& row : userTable) {
+    for (const PlaceRow& row : tables.homePlaces) {
         const std::string path = "/Users/me/" + std::string(row.path);
         for (const char* tail : {"", "/x", ".x", ".x/y"})
             EXPECT_EQ(policy.verdict(path + tail), (SafetyVerdict{row.risk, std::string(row.reason)}))
@@ -201,7 +202,7 @@ TEST_F(SafetyPolicyTest, userRowCoversItselfWhatIsBelowAndItsDotNames) {
 }
 
 TEST_F(SafetyPolicyTest, markersAreTriedInOrderAnywhereInThePath) {
-    for (const std::string_view marker : packageMarkers) {
+    for (const std::string_view marker : tables.packageMarkers) {
         const std::string name(marker.substr(0, marker.size() - 1));
         expectVerdicts(
             {{"/Volumes/D/P" + name + "/x", Risk::protected_, "Inside a " + name + " package. Deleting"},
@@ -280,25 +281,25 @@ TEST_F(SafetyPolicyTest, reasonsAreTranslated) {
 
 TEST(SafetyTablesTest, tablesHaveTheirRowsOnce) {
     std::set<std::string_view> paths;
-    for (const PlaceRow& row : systemTable) {
+    for (const PlaceRow& row : tables.systemPlaces) {
         EXPECT_TRUE(paths.insert(row.path).second) << row.path;
         EXPECT_TRUE(row.path.starts_with('/') && !row.path.ends_with('/')) << row.path;
         EXPECT_EQ(row.risk, Risk::protected_);
         EXPECT_TRUE(row.reason.ends_with('.')) << row.reason;
     }
     EXPECT_EQ(paths.size(), 23U);
-    EXPECT_EQ(systemTable.front().path, "/System");
-    EXPECT_EQ(systemTable.back().path, "/MobileSoftwareUpdate");
+    EXPECT_EQ(tables.systemPlaces.front().path, "/System");
+    EXPECT_EQ(tables.systemPlaces.back().path, "/MobileSoftwareUpdate");
     paths.clear();
-    for (const PlaceRow& row : userTable) {
+    for (const PlaceRow& row : tables.homePlaces) {
         EXPECT_TRUE(paths.insert(row.path).second) << row.path;
         EXPECT_TRUE(row.path.starts_with("Library/") && !row.path.ends_with('/')) << row.path;
-        EXPECT_EQ(row.risk == Risk::review, &row == &userTable[10]) << row.path;
+        EXPECT_EQ(row.risk == Risk::review, &row == &tables.homePlaces[10]) << row.path;
         EXPECT_TRUE(row.reason.ends_with('.')) << row.reason;
     }
     EXPECT_EQ(paths.size(), 13U);
-    EXPECT_EQ(packageMarkers.front(), ".photoslibrary/");
-    EXPECT_EQ(packageMarkers.back(), ".logicx/");
+    EXPECT_EQ(tables.packageMarkers.front(), ".photoslibrary/");
+    EXPECT_EQ(tables.packageMarkers.back(), ".logicx/");
 }
 
 TEST(RiskTest, isOrderedFromSafeToProtected) {
@@ -311,12 +312,14 @@ TEST(RiskTest, isOrderedFromSafeToProtected) {
 TEST(PathJudge, knowsTheHomeFolderByBothItsPaths) {
     const FakeBundles bundles;
     const FakeRunningApplications running;
-    const SafetyPolicy policy("/home/u", junkCatalogue(), bundles, running);
+    const SafetyPolicy policy("/home/u", macosTables().safety, macosTables().junk.rules, bundles, running);
     const PathJudge judge = judgeByBothHomes(policy, "/home/u", "/data/u");
     for (const char* path : {"/home/u", "/data/u", "/data/u/Documents", "/data/u/Library/Keychains"})
         EXPECT_EQ(judge(path).risk, Risk::protected_) << path;
-    EXPECT_EQ(judge("/data/u/Downloads/old.txt"), policy.verdict("/data/u/Downloads/old.txt"))
-        << "the stricter of the two";
+    EXPECT_EQ(judge("/data/u/Downloads/old.txt"), policy.verdict("/home/u/Downloads/old.txt"))
+        << "a download stays safe where the home folder is a link";
+    const PathJudge inSystem = judgeByBothHomes(policy, "/home/u", "/private/etc/u");
+    EXPECT_EQ(inSystem("/private/etc/u/Downloads/old.txt").risk, Risk::protected_);
     EXPECT_EQ(judge("/data/u2/Documents"), policy.verdict("/data/u2/Documents"));
 }
 

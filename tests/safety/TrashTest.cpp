@@ -1,5 +1,6 @@
 // The Trash: whose it is, what things are called in it, and how they get there from other disks.
 
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/NumberedName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
@@ -102,9 +103,12 @@ TEST(Trash, aThousandEqualNamesMovedAtOnceAllArrive) {
     std::vector<std::thread> movers;
     for (int thread = 0; thread < threads; ++thread) {
         movers.emplace_back([&, thread] {
-            DeletionExecutor executor(stage.removal, stage.store, [](std::string_view) {
-                return SafetyVerdict{Risk::safe, "safe"};
-            });
+            DeletionExecutor executor(
+                stage.removal, stage.store,
+                [](std::string_view) {
+                    return SafetyVerdict{Risk::safe, "safe"};
+                },
+                [] { return ProtectedPlaces({}, LinuxEntryLookup()); });
             std::vector<DeletionRequest> requests;
             for (int i = thread * each; i < (thread + 1) * each; ++i)
                 requests.push_back(
@@ -142,114 +146,6 @@ TEST(Trash, worksWithoutAnExclusiveRename) {
     }
     EXPECT_EQ(stage.trashNames(),
               (std::vector<std::string>{"folder", "folder 2", "folder 3", "single", "single 2", "single 3"}));
-}
-
-/// A stage with another disk, a memory file system, at home/disk.
-void onAnotherDisk(const char* options, const std::function<void(DeletionStage&)>& body) {
-    const bool allowed = withOwnMounts([&] {
-        DeletionStage stage;
-        const std::string disk = stage.tree.directory("home/disk");
-        ASSERT_EQ(mount("tmpfs", disk.c_str(), "tmpfs", 0, options), 0);
-        body(stage);
-        umount2(disk.c_str(), MNT_DETACH);
-    });
-    if (!allowed)
-        GTEST_SKIP() << "mounting is not permitted here";
-}
-
-TEST(OtherDisk, aCopyKeepsAllThatAFileIs) {
-    onAnotherDisk("size=64m", [](DeletionStage& stage) {
-        stage.tree.fileWithText("home/disk/item/file", "text");
-        stage.tree.hardLink("home/disk/item/name", "home/disk/item/file");
-        stage.tree.symbolicLink("home/disk/item/link", "nowhere");
-        ASSERT_EQ(mkfifo(stage.home("disk/item/fifo").c_str(), 0640), 0);
-        const std::string sparse = stage.tree.sparseFile("home/disk/item/sparse", 32 << 20);
-        const int file = open(sparse.c_str(), O_WRONLY | O_CLOEXEC);
-        EXPECT_EQ(pwrite(file, "middle", 6, 16 << 20), 6);
-        close(file);
-        const bool hasAttributes =
-            setxattr(stage.home("disk/item/file").c_str(), "user.colour", "blue", 4, 0) == 0;
-        chmod(stage.home("disk/item/file").c_str(), 04711);
-        stage.tree.setTimes("home/disk/item/file", 1000000.25, 2000000.123456789);
-        stage.tree.setTimes("home/disk/item", 1000001, 2000001.5);
-        chmod(stage.home("disk/item").c_str(), 0555);
-        const auto whole = snapshotOf(stage.home("disk/item"));
-        ASSERT_TRUE(stage.run(stage.home("disk/item"), Removal::trash).report.failures.empty());
-        EXPECT_EQ(snapshotOf(stage.trash("item")), whole);
-        EXPECT_FALSE(stage.tree.exists("home/disk/item"));
-        struct stat status {};
-        stat(stage.trash("item/sparse").c_str(), &status);
-        EXPECT_LT(status.st_blocks * 512, 2 << 20) << "holes stay holes";
-        stat(stage.trash("item").c_str(), &status);
-        EXPECT_EQ(status.st_mtim.tv_nsec, 500000000);
-        char colour[8] = {};
-        if (hasAttributes) {
-            EXPECT_EQ(getxattr(stage.trash("item/file").c_str(), "user.colour", colour, sizeof colour), 4);
-        }
-        chmod(stage.trash("item").c_str(), 0755);
-    });
-}
-
-TEST(OtherDisk, fullOrReadOnlyLeavesTheItemWhole) {
-    onAnotherDisk("size=256k", [](DeletionStage& stage) {
-        // Back onto the full disk, then away from one that can't be changed.
-        stage.tree.file("home/disk/item/large", 100 << 10);
-        const auto whole = snapshotOf(stage.home("disk/item"));
-        const ExecutedRun run = stage.run(stage.home("disk/item"), Removal::trash);
-        ASSERT_EQ(run.entries.size(), 1U);
-        stage.tree.file("home/disk/filler", 200 << 10);
-        DeletionHistory history(stage.store, stage.removal);
-        const Failure full = history.restore(run.entries.front());
-        ASSERT_TRUE(full);
-        EXPECT_EQ(full->code, ENOSPC);
-        EXPECT_EQ(snapshotOf(stage.trash("item")), whole);
-        EXPECT_FALSE(stage.tree.exists("home/disk/item"));
-        EXPECT_FALSE(stage.hasScratch());
-        const std::string disk = stage.home("disk");
-        ASSERT_EQ(mount(nullptr, disk.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, "size=256k"), 0);
-        for (const Removal how : {Removal::permanent, Removal::trash}) {
-            const ExecutedRun refused = stage.run(stage.home("disk/filler"), how);
-            EXPECT_EQ(refused.report.failures.size(), 1U);
-            EXPECT_TRUE(stage.tree.exists("home/disk/filler"));
-        }
-        EXPECT_EQ(stage.trashNames(), std::vector<std::string>{"item"});
-    });
-}
-
-TEST(OtherDisk, whatChangesWhileItIsCopiedIsNotLost) {
-    DeletionStage stage;
-    stage.tree.fileWithText("home/item/file", "old");
-    stage.calls.separate(stage.trash());
-    bool done = false;
-    stage.calls.onCall = [&](const SystemCall& call) {
-        if (done || std::string_view(call.call) != "writeAt")
-            return;
-        done = true;
-        stage.tree.fileWithText("home/item/file", "newer");
-    };
-    const ExecutedRun run = stage.run(stage.home("item"), Removal::trash);
-    ASSERT_EQ(run.report.failures.size(), 1U);
-    EXPECT_TRUE(stage.tree.exists("home/item/file"));
-    EXPECT_TRUE(stage.trashNames().empty());
-}
-
-TEST(OtherDisk, whatAppearsAfterTheCopyStays) {
-    DeletionStage stage;
-    stage.tree.fileWithText("home/item/sub/file", "text");
-    stage.calls.separate(stage.trash());
-    bool done = false;
-    stage.calls.onCall = [&](const SystemCall& call) {
-        if (done || std::string_view(call.call) != "syncFileSystem")
-            return;
-        done = true;
-        stage.tree.fileWithText("home/item/sub/late", "written late");
-    };
-    const ExecutedRun run = stage.run(stage.home("item"), Removal::trash);
-    EXPECT_EQ(run.report.failures.size(), 1U);
-    EXPECT_EQ(run.report.deletedPaths.size(), 1U);
-    EXPECT_TRUE(stage.tree.exists("home/item/sub/late"));
-    EXPECT_FALSE(stage.tree.exists("home/item/sub/file"));
-    EXPECT_EQ(stage.trashNames(), std::vector<std::string>{"item"});
 }
 
 TEST(MoveBack, neverOverwritesAndOnlyFromTheTrash) {

@@ -1,6 +1,7 @@
 #include "support/DeletionStage.h"
 
 #include "core/Paths.h"
+#include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/ScratchName.h"
 #include "safety/HistoryFormat.h"
 
@@ -18,13 +19,17 @@ DeletionStage::DeletionStage()
     : calls(tree.directory("home"))
     , removal(home(), calls)
     , store(home("Library/Application Support/Brimlet"), calls)
-    , executor(removal, store, [this](std::string_view path) {
-        if (!protectedFolder.empty() && (path == protectedFolder || isBelow(path, protectedFolder)))
-            return SafetyVerdict{Risk::protected_, "Out of bounds."};
-        const auto verdict = verdicts.find(std::string(path));
-        return verdict == verdicts.end() ? SafetyVerdict{Risk::safe, "Made for this test."} : verdict->second;
-    }) {
+    , executor(
+          removal, store, [this](std::string_view path) { return verdict(path); },
+          [this] { return ProtectedPlaces(places, LinuxEntryLookup()); }) {
     tree.directory("outside");
+}
+
+SafetyVerdict DeletionStage::verdict(std::string_view path) const {
+    if (!protectedFolder.empty() && (path == protectedFolder || isBelow(path, protectedFolder)))
+        return {Risk::protected_, "Out of bounds."};
+    const auto found = verdicts.find(std::string(path));
+    return found == verdicts.end() ? SafetyVerdict{Risk::safe, "Made for this test."} : found->second;
 }
 
 std::string DeletionStage::home(std::string_view relative) const {
@@ -36,7 +41,11 @@ std::string DeletionStage::trash(std::string_view name) const {
 }
 
 DeletionRequest DeletionStage::request(std::string path, Removal removal, std::int64_t size) {
-    return {Uuid::random(), std::move(path), size, removal};
+    const auto found = LinuxEntryLookup().find(path);
+    DeletionRequest request{Uuid::random(), std::move(path), size, removal};
+    if (found)
+        request.identity = found->identity;
+    return request;
 }
 
 ExecutedRun DeletionStage::run(const std::string& path, Removal how) {

@@ -25,11 +25,14 @@ public:
     LinuxRecordStore store;
     std::map<std::string, SafetyVerdict> verdicts; ///< by path; what is not listed is safe
     std::string protectedFolder;                   ///< protected with all below it, when not empty
+    std::vector<ProtectedPlaces::Place> places;    ///< what no item may hold
     DeletionExecutor executor;
 
+    SafetyVerdict verdict(std::string_view path) const;
     std::string home(std::string_view relative = "") const;
     std::string trash(std::string_view name = "") const;
 
+    /// For what is at the path now, accepted as safe.
     static DeletionRequest request(std::string path, Removal removal, std::int64_t size = 1);
 
     /// Runs one request and records it in a history of its own.

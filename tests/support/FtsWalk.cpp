@@ -1,6 +1,7 @@
 #include "support/FtsWalk.h"
 
 #include "core/Paths.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <array>
@@ -108,7 +109,7 @@ private:
         FileNode* node = m_result->arena.newNode(name);
         node->isDirectory = true;
         node->bucket = bucketOf(name, path);
-        node->isPackage = isPackageName(name);
+        node->isPackage = macosTables().folders.isPackage(name);
         node->kind = name.ends_with(".app") ? FileKind::application : FileKind::other;
         node->size = allocated(entry);
         node->modified = static_cast<double>(entry.fts_statp->st_mtime);
@@ -126,7 +127,9 @@ private:
         std::optional<StorageBucket> inherited;
         if (!m_stack.empty() && m_stack.back().node->bucket != StorageBucket::other)
             inherited = m_stack.back().node->bucket;
-        return bucketForDirectory(name, pathComponents(path), inherited).value_or(StorageBucket::other);
+        return macosTables()
+            .folders.bucket(name, pathComponents(path), inherited)
+            .value_or(StorageBucket::other);
     }
 
     void append(FileNode* node) {

@@ -109,6 +109,7 @@ bool GuardedCalls::crossesDisks(const SystemCall& call) const {
 }
 
 int GuardedCalls::before(const SystemCall& call) {
+    const std::lock_guard lock(m_mutex);
     if (onCall)
         onCall(call);
     if (call.changes) {
@@ -123,6 +124,10 @@ int GuardedCalls::before(const SystemCall& call) {
         return -m_error;
     if (!m_failingCall.empty() && m_failingCall == call.call)
         return -m_error;
+    if (m_lacksExclusiveRename && call.flags == RENAME_NOREPLACE)
+        return -EINVAL;
+    if (m_lacksHardLinks && std::string_view(call.call) == "makeHardLink")
+        return -EPERM;
     return crossesDisks(call) ? -EXDEV : 0;
 }
 

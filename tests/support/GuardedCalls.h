@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <functional>
+#include <mutex>
 #include <set>
 #include <string>
 #include <sys/types.h>
@@ -37,6 +38,13 @@ public:
     /// Renames between this folder's tree and what is outside it are refused as if it were another disk.
     void separate(std::string otherDisk) { m_otherDisk = std::move(otherDisk); }
 
+    /// From now on there is no exclusive rename, and no hard link either, as on some file systems.
+    void lackExclusiveRename() { m_lacksExclusiveRename = true; }
+    void lackHardLinks() { m_lacksHardLinks = true; }
+
+    /// From now on the kernel doesn't say where disks are mounted, as before 5.8.
+    void actAsOlderKernel() { m_kernelTellsMountPoints = false; }
+
     /// Called before each call.
     std::function<void(const SystemCall&)> onCall;
 
@@ -51,9 +59,12 @@ private:
     void guard(const SystemCall& call, int folder);
     bool crossesDisks(const SystemCall& call) const;
 
+    std::mutex m_mutex; ///< removal threads call side by side
     std::string m_allowed;
     std::set<std::pair<dev_t, ino_t>> m_below; ///< deep folders that were found in the allowed one
     std::string m_otherDisk;
+    bool m_lacksExclusiveRename = false;
+    bool m_lacksHardLinks = false;
     std::string m_failingCall;
     std::atomic<int> m_count = 0;
     int m_failAt = 0;

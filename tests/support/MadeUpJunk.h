@@ -1,8 +1,8 @@
 // Junk lists that no disk has to hold.
 #pragma once
 
-#include "junk/JunkCatalogue.h"
 #include "junk/JunkFinder.h"
+#include "support/CatalogueRule.h"
 
 #include <cstdint>
 #include <string>
@@ -15,7 +15,7 @@ namespace brimlet::test {
 /// A finding of a rule of the catalogue. Items are given as file name and size and lie in "/junk/<rule>/".
 inline JunkFinding madeUpFinding(std::string_view ruleId,
                                  const std::vector<std::pair<std::string, std::int64_t>>& items) {
-    JunkFinding finding{*junkRule(ruleId), {}};
+    JunkFinding finding{macRule(ruleId), {}};
     for (const auto& [name, size] : items)
         finding.items.push_back({"/junk/" + std::string(ruleId) + "/" + name, finding.rule.id, size, 1, {}});
     return finding;

@@ -1,6 +1,5 @@
 #include "support/PlainSafetyPolicy.h"
-
-#include "safety/SafetyTables.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <vector>
@@ -8,6 +7,8 @@
 namespace brimlet::test {
 
 namespace {
+
+const SafetyTables& tables = macosTables().safety;
 
 bool begins(std::string_view text, std::string_view prefix) {
     return text.substr(0, prefix.size()) == prefix;
@@ -81,7 +82,7 @@ SafetyVerdict PlainSafetyPolicy::verdict(const std::string& rawPath) const {
         return root;
     if (pieces(path).size() < 2)
         return root;
-    for (const PlaceRow& row : systemTable) {
+    for (const PlaceRow& row : tables.systemPlaces) {
         if (path == row.path || continues(path, row.path, '/'))
             return {Risk::protected_, std::string(row.reason)};
     }
@@ -97,16 +98,16 @@ SafetyVerdict PlainSafetyPolicy::verdict(const std::string& rawPath) const {
         return {covering->risk, std::string(covering->explanation)};
     if (begins(path, home + "/")) {
         const std::string inHome = path.substr(home.size() + 1);
-        if (std::ranges::count(standardFolders, inHome) > 0)
+        if (std::ranges::count(tables.standardFolders, inHome) > 0)
             return {Risk::protected_,
                     "Standard folder in your user account. You can delete its contents, but not the folder."};
-        for (const PlaceRow& row : userTable) {
+        for (const PlaceRow& row : tables.homePlaces) {
             if (inHome == row.path || continues(inHome, row.path, '/') || continues(inHome, row.path, '.'))
                 return {begins(row.path, "Library/Preferences") ? Risk::review : Risk::protected_,
                         std::string(row.reason)};
         }
     }
-    for (const std::string_view marker : packageMarkers) {
+    for (const std::string_view marker : tables.packageMarkers) {
         if (path.find(marker) != std::string::npos)
             return {Risk::protected_,
                     "Inside a ." + std::string(marker.substr(1, marker.size() - 2)) +

@@ -89,8 +89,9 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
     return run(program, arguments, environment, input, [](pid_t) {});
 }
 
-Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments) {
-    return run(program, arguments, {}, {}, [](pid_t process) {
+Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments,
+                       const std::map<std::string, std::string>& environment) {
+    return run(program, arguments, environment, {}, [](pid_t process) {
         for (int i = 0; i < 10'000 && !handlesInterrupt(process); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         kill(process, SIGINT);

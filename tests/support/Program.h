@@ -20,6 +20,7 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
                    const std::map<std::string, std::string>& environment = {}, std::string_view input = {});
 
 /// The same, with an interrupt signal once the program's own handler is in place.
-Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments);
+Outcome runInterrupted(const std::string& program, const std::vector<std::string>& arguments,
+                       const std::map<std::string, std::string>& environment = {});
 
 } // namespace brimlet::test

@@ -1,4 +1,5 @@
 #include "support/SyntheticTree.h"
+#include "tables/SystemTables.h"
 
 #include <array>
 #include <cmath>
@@ -14,9 +15,9 @@ SyntheticTree::SyntheticTree(std::string_view rootPath) {
 FileNode* SyntheticTree::directory(FileNode* parent, std::string_view name) {
     FileNode* node = m_result->arena.newNode(name);
     node->isDirectory = true;
-    node->isPackage = isPackageName(name);
-    node->kind = name.ends_with(".app") ? FileKind::application : FileKind::other;
-    node->bucket = bucketForDirectory(name, {}, parent->bucket).value_or(StorageBucket::other);
+    node->isPackage = macosTables().folders.isPackage(name);
+    node->kind = macosTables().folders.kind(name);
+    node->bucket = macosTables().folders.bucket(name, {}, parent->bucket).value_or(StorageBucket::other);
     node->parent = parent;
     m_children[parent].push_back(node);
     return node;

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QThread>
+#include <utility>
 
 namespace brimlet::test {
 
@@ -19,6 +20,13 @@ bool eventually(const std::function<bool()>& condition) {
         QThread::msleep(1);
     }
     return true;
+}
+
+bool removeDeleted(AppState& state, std::unordered_set<std::string> paths) {
+    const auto isDone = std::make_shared<bool>(false);
+    state.removeDeleted(std::make_shared<const std::unordered_set<std::string>>(std::move(paths)),
+                        [isDone] { *isDone = true; });
+    return eventually([&] { return *isDone; });
 }
 
 void handleEvents() {

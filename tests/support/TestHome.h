@@ -4,13 +4,13 @@
 #pragma once
 
 #include "core/ByteFormat.h"
-#include "junk/JunkCatalogue.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "safety/DeletionExecutor.h"
 #include "support/FakeAccessProbe.h"
 #include "support/GuardedCalls.h"
 #include "support/TestWindow.h"
 #include "support/TreeSnapshot.h"
+#include "tables/SystemTables.h"
 
 #include <ctime>
 #include <map>
@@ -25,8 +25,10 @@ public:
     explicit TestHome(std::shared_ptr<TemporaryTree> shared = std::make_shared<TemporaryTree>())
         : app(std::move(shared)) {
         app.homeFolder = disk.root();
-        app.junkSearch = [this] { return m_finder.scan(junkCatalogue()); };
-        app.deletionRun = [this](const auto& requests) { return m_executor.execute(requests); };
+        app.junkSearch = [this] { return m_finder.scan(macosTables().junk.rules); };
+        app.deletionRun = [this](const auto& requests, const auto& stop) {
+            return m_executor.execute(requests, stop);
+        };
     }
 
     /// Caches, logs, a Trash, an old installer, and what must stay.
@@ -89,10 +91,13 @@ private:
     LinuxFileRemoval m_removal{disk.root(), guarded};
     LinuxDirectoryLister m_lister;
     FakeAccessProbe m_access;
-    SafetyPolicy m_policy{disk.root(), junkCatalogue(), app.bundles, app.running};
+    SafetyPolicy m_policy{disk.root(), macosTables().safety, macosTables().junk.rules, app.bundles,
+                          app.running};
     JunkFinder m_finder{disk.root(), m_lister, m_access};
+    LinuxEntryLookup m_entries;
     DeletionExecutor m_executor{m_removal, app.records,
-                                [this](std::string_view path) { return m_policy.verdict(path); }};
+                                [this](std::string_view path) { return m_policy.verdict(path); },
+                                placesOfUser(disk.root(), m_policy, m_entries, m_lister)};
     std::unique_ptr<TestWindow> m_window;
 };
 

@@ -33,7 +33,7 @@ public:
 
 private:
     TestApp& m_app;
-    WindowPanels m_panels;
+    WindowPanels m_panels{m_app.disk.root()};
     FakeUpdateCheck m_updateCheck;
     Appearance m_appearance{ColorScheme::light};
     UpdateController m_updateController{m_updateCheck, m_app.opener, QStringLiteral("1.0")};

@@ -1,8 +1,9 @@
-// Wall-clock timing for benchmarks.
+// Timing for benchmarks and for tests of what takes long.
 #pragma once
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <limits>
 #include <vector>
 
@@ -13,6 +14,13 @@ double milliseconds(Action action) {
     const auto start = std::chrono::steady_clock::now();
     action();
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// What the calling thread has worked so far; other programs don't lengthen it.
+inline double processorMilliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
 /// The median of several runs: what a user meets, not the luckiest moment.

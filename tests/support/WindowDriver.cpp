@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <QQuickItem>
 #include <QTest>
 
@@ -62,9 +63,77 @@ bool isScrolledAway(const QQuickItem* item) {
     return false;
 }
 
+bool isFlickable(const QQuickItem* item) {
+    return item->inherits("QQuickFlickable");
+}
+
+/// All that a clipping item can show: what it can be scrolled to, or else its own area. In its coordinates.
+QRectF showable(const QQuickItem* item) {
+    const QRectF area(0, 0, item->width(), item->height());
+    if (!isFlickable(item)) {
+        // Rows without end scroll by themselves.
+        const QList<QQuickItem*> inside = item->childItems();
+        const bool rows = std::any_of(inside.begin(), inside.end(), [](const QQuickItem* child) {
+            return child->property("contentHeight").toReal() > child->height();
+        });
+        return rows ? area.adjusted(0, -area.height(), 0, area.height()) : area;
+    }
+    const auto value = [&](const char* name) { return item->property(name).toReal(); };
+    const QRectF content(value("originX") - value("contentX"), value("originY") - value("contentY"),
+                         value("contentWidth"), value("contentHeight"));
+    return area | content;
+}
+
+/// Whether no scrolling brings a stretch of an item wholly into sight.
+bool isOutOfReach(const QQuickItem* item, const QRectF& ink) {
+    QRectF stretch = ink;
+    for (const QQuickItem* up = item->parentItem(); up != nullptr; up = up->parentItem()) {
+        if (!up->clip())
+            continue;
+        const QRectF room =
+            up->mapRectToScene(showable(up)).adjusted(-tolerance, -tolerance, tolerance, tolerance);
+        if (!room.contains(stretch))
+            return true;
+        if (isFlickable(up))
+            stretch = sceneRect(up);
+    }
+    return false;
+}
+
+/// Whether it stands partly beside the surface with a border that it belongs to.
+bool leavesItsCard(const QQuickItem* item, const QRectF& ink) {
+    for (const QQuickItem* up = item->parentItem(); up != nullptr && !isFlickable(up);
+         up = up->parentItem()) {
+        const auto* border = up->property("border").value<QObject*>();
+        const bool surface =
+            up->inherits("QQuickRectangle") && border != nullptr && border->property("width").toReal() > 0;
+        if (surface && !sceneRect(up).adjusted(-tolerance, -tolerance, tolerance, tolerance).contains(ink))
+            return true;
+    }
+    return false;
+}
+
+/// What clipping ancestors leave of a stretch.
+QRectF inSight(const QQuickItem* item, QRectF stretch) {
+    for (const QQuickItem* up = item->parentItem(); up != nullptr; up = up->parentItem()) {
+        if (up->clip())
+            stretch &= sceneRect(up);
+    }
+    return stretch;
+}
+
+/// Rows that a list keeps for later may stand anywhere.
+bool isInList(const QQuickItem* item) {
+    for (const QQuickItem* up = item->parentItem(); up != nullptr; up = up->parentItem()) {
+        if (up->inherits("QQuickItemView"))
+            return true;
+    }
+    return false;
+}
+
 bool isInFlickable(const QQuickItem* item) {
     for (const QQuickItem* up = item->parentItem(); up != nullptr; up = up->parentItem()) {
-        if (up->inherits("QQuickFlickable"))
+        if (isFlickable(up))
             return true;
     }
     return false;
@@ -82,14 +151,20 @@ bool isAbovePage(const QQuickItem* item) {
 QString faultOf(const QQuickItem* text, const QRectF& window) {
     const QRectF box = sceneRect(text);
     const bool middle = text->property("elide").toInt() == Qt::ElideMiddle;
-    if (text->property("truncated").toBool() && !middle)
+    const bool limited = text->property("maximumLineCount").toInt() < std::numeric_limits<int>::max();
+    if (text->property("truncated").toBool() && !middle && !limited)
         return QStringLiteral("is shortened");
     if (text->property("contentHeight").toReal() > box.height() + tolerance)
         return QStringLiteral("is cut off below");
     if (text->property("contentWidth").toReal() > box.width() + tolerance)
         return QStringLiteral("is cut off at the side");
-    if (box.left() < -tolerance || box.right() > window.right() + tolerance)
+    if (!isInFlickable(text) && (box.left() < -tolerance || box.right() > window.right() + tolerance))
         return QStringLiteral("leaves the window");
+    const QRectF ink = inkRect(text).adjusted(tolerance, tolerance, -tolerance, -tolerance);
+    if (isOutOfReach(text, ink))
+        return QStringLiteral("can't be scrolled to");
+    if (leavesItsCard(text, ink))
+        return QStringLiteral("leaves its card");
     if (!isInFlickable(text) && (box.top() < -tolerance || box.bottom() > window.bottom() + tolerance))
         return QStringLiteral("leaves the window");
     return {};
@@ -154,9 +229,11 @@ bool WindowDriver::tabTo(const QString& name, int limit) {
 }
 
 QStringList WindowDriver::layoutFaults() const {
-    // Layouts settle when a frame is drawn; what that changes may need a second one.
-    for (int frame = 0; frame < 2; ++frame)
+    // Layouts settle when a frame is drawn; what that changes may need further ones.
+    for (int frame = 0; frame < 4; ++frame) {
         m_window.grabWindow();
+        handleEvents();
+    }
     QStringList faults;
     QList<std::pair<QString, QRectF>> seen;
     const QRectF window(0, 0, m_window.width(), m_window.height());
@@ -168,11 +245,17 @@ QStringList WindowDriver::layoutFaults() const {
         if (sheet && !isAbovePage(item))
             continue;
         const QString text = item->property("text").toString();
-        if (!isText(item) || text.trimmed().isEmpty() || isScrolledAway(item))
+        if (!isText(item) || text.trimmed().isEmpty())
             continue;
+        if (isScrolledAway(item)) {
+            if (!isInList(item) && isOutOfReach(item, inkRect(item)))
+                faults.append(QStringLiteral("“%1” can't be scrolled to").arg(text));
+            continue;
+        }
         if (const QString fault = faultOf(item, window); !fault.isEmpty())
             faults.append(QStringLiteral("“%1” %2").arg(text, fault));
-        const QRectF ink = inkRect(item).adjusted(tolerance, tolerance, -tolerance, -tolerance);
+        const QRectF ink =
+            inSight(item, inkRect(item)).adjusted(tolerance, tolerance, -tolerance, -tolerance);
         for (const auto& [other, rect] : seen) {
             if (rect.intersects(ink))
                 faults.append(QStringLiteral("“%1” lies over “%2”").arg(other, text));

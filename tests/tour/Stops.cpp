@@ -46,7 +46,7 @@ void proposeMixedPlan(BrimletApp& app) {
     for (const char* folder : {"/Documents", "/.Trash"})
         chosen.push_back({{home + folder, "", 0, 0, {}}, Removal::trash});
     app.state().proposeJunkPlan(std::move(chosen));
-    waitUntil([&] { return app.state().plan().has_value(); });
+    waitUntil([&] { return app.state().plan() != nullptr; });
 }
 
 /// Also leaves one failure behind: a path that is not there any more.
@@ -56,13 +56,13 @@ void cleanInstallers(BrimletApp& app) {
     PlanItem gone = plan.items.front();
     gone.path += ".moved";
     plan.items.push_back(gone);
-    app.state().executePlan(plan, ReviewItems::include);
+    app.state().executePlan(std::make_shared<const DeletionPlan>(std::move(plan)), ReviewItems::include);
     waitUntil([&] { return app.state().toast().has_value(); });
 }
 
 void restoreNewest(BrimletApp& app) {
     app.state().setToast(std::nullopt);
-    app.state().restoreEntry(app.state().history().entries().front());
+    app.state().restoreEntry(app.state().history().front());
     app.state().setSection(AppSection::history);
 }
 
@@ -110,7 +110,7 @@ void showToast(BrimletApp& app) {
     Toast toast;
     toast.message = "Freed 1.2 GB";
     toast.detail = "3 items were moved to the Trash.";
-    toast.undoable = {HistoryEntry{}};
+    toast.undoable = std::make_shared<const std::vector<HistoryEntry>>(1);
     app.state().setSection(AppSection::overview);
     app.state().setToast(std::move(toast));
 }
@@ -118,6 +118,20 @@ void showToast(BrimletApp& app) {
 void openMenu(BrimletApp& app) {
     app.state().setToast(std::nullopt);
     QTest::keyClick(app.window().window(), Qt::Key_F10);
+}
+
+/// The last stops: the way back would be a stop of its own.
+std::vector<Stop> mirroredStops() {
+    return {
+        {"mirrored-junk",
+         [](BrimletApp& app) {
+             QTest::keyClick(app.window().window(), Qt::Key_Escape);
+             QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+             app.state().setSection(AppSection::junk);
+         }},
+        {"mirrored-large", [](BrimletApp& app) { app.state().setSection(AppSection::large); }},
+        {"mirrored-explorer", [](BrimletApp& app) { app.state().setSection(AppSection::explorer); }},
+    };
 }
 
 } // namespace
@@ -137,6 +151,8 @@ std::vector<Stop> stops() {
         list.push_back(std::move(stop));
     list.push_back({"notice", showToast});
     list.push_back({"menu", openMenu});
+    for (Stop& stop : mirroredStops())
+        list.push_back(std::move(stop));
     return list;
 }
 

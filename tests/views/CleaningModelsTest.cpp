@@ -62,7 +62,7 @@ TEST(JunkModel, opensARuleToAtMostThreeHundredItemsAndSaysHowManyMore) {
 
     model.setExpanded(3, false);
     EXPECT_EQ(model.rowCount(), 4);
-    app.state().removeDeleted({"/junk/npm-cache/item 7", "/junk/user-caches/a"});
+    ASSERT_TRUE(test::removeDeleted(app.state(), {"/junk/npm-cache/item 7", "/junk/user-caches/a"}));
     EXPECT_EQ(model.selectedCount(), 1'300);
     EXPECT_EQ(model.index(1).data(JunkModel::size).toLongLong(), 0);
 }
@@ -80,7 +80,7 @@ TEST(JunkModel, revealsAndPlansTheItemsThatItShows) {
 
     model.toggleTick(3);
     model.clean();
-    ASSERT_TRUE(eventually([&] { return app.state().plan().has_value(); }));
+    ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
     ASSERT_EQ(app.state().plan()->items.size(), 1U);
     EXPECT_EQ(app.state().plan()->items[0].path, "/junk/old-installers/y.pkg");
     EXPECT_EQ(app.state().plan()->items[0].removal, Removal::trash);
@@ -113,6 +113,10 @@ TEST(PlanModel, sortsRowsByRiskAndCountsReviewOnlyWhenAccepted) {
     app.state().proposePlan({planItem("lock", 1, Risk::protected_), planItem("b", 20, Risk::review),
                              planItem("a", 300, Risk::safe), planItem("c", 4'000, Risk::review)},
                             "Clean Junk");
+    EXPECT_EQ(model.checkingNote(), "Checking 4 item(s) · 4 KB…");
+    EXPECT_FALSE(model.canDelete());
+    ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
+    EXPECT_EQ(model.checkingNote(), "");
     EXPECT_EQ(column(model, PlanModel::name),
               (QStringList{"Safe", "a", "Review", "b", "c", "Protected", "lock"}));
     EXPECT_EQ(model.index(2).data(PlanModel::size).toLongLong(), 4'020);
@@ -139,6 +143,7 @@ TEST(PlanModel, deletesOnlyWhereSomethingWouldGo) {
         PlanModel model;
         model.setState(&app.state());
         app.state().proposePlan(one.items, "Clean Junk");
+        ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
         EXPECT_EQ(model.canDelete(), one.before);
         model.setAcceptedReview(true);
         EXPECT_EQ(model.canDelete(), one.accepted);
@@ -170,12 +175,14 @@ TEST(HistoryModel, tellsTheMethodAndWhetherTheWayBackIsOpen) {
     app.disk.file(".Trash/back", 10);
     app.disk.file(".Trash/taken", 10);
     app.disk.file("taken", 10);
-    app.history.append({entry("back", ".Trash/back"), entry("taken", ".Trash/taken"),
-                        entry("emptied", ".Trash/emptied"), entry("gone", nullptr),
-                        entry("was back", ".Trash/back", true)});
+    const HistoryEntry first = entry("back", ".Trash/back");
+    app.history.append({first, entry("taken", ".Trash/taken"), entry("emptied", ".Trash/emptied"),
+                        entry("gone", nullptr), entry("was back", ".Trash/back", true)});
     HistoryModel model;
     const QAbstractItemModelTester tester(&model, reporting);
     model.setState(&app.state());
+    ASSERT_TRUE(
+        eventually([&] { return model.count() == 5 && app.state().removals().isRestorable(first.id); }));
     EXPECT_EQ(column(model, HistoryModel::method),
               (QStringList{"Trash", "Trash", "Trash", "Deleted", "Restored"}));
     EXPECT_EQ(column(model, HistoryModel::restorable),
@@ -186,8 +193,8 @@ TEST(HistoryModel, tellsTheMethodAndWhetherTheWayBackIsOpen) {
     model.select(2, HistoryModel::Toggle);
     EXPECT_EQ(column(model, HistoryModel::selected), (QStringList{"false", "true", "false", "true", "true"}));
     model.restore(0);
+    ASSERT_TRUE(eventually([&] { return model.index(0).data(HistoryModel::method) == "Restored"; }));
     EXPECT_TRUE(app.disk.exists("back"));
-    EXPECT_EQ(model.index(0).data(HistoryModel::method).toString(), "Restored");
     EXPECT_EQ(model.index(1).data(HistoryModel::selected).toBool(), true) << "the selection stays";
 }
 
@@ -200,8 +207,8 @@ TEST(SmartCleanModel, reportHasALineForEachThingThatHappened) {
     const DeletionFailure failure;
     const Case cases[] = {
         {{}, "Zero KB cleaned", {"You now have 5 KB free."}},
-        {{2'000, 0, {"/a"}, {}, {failure}}, "2 KB cleaned", {"You now have 5 KB free."}},
-        {{2'000, 3'000, {"/a"}, {failure, failure}, {}},
+        {{2'000, 0, {"/a"}, {}, {failure}, {}}, "2 KB cleaned", {"You now have 5 KB free."}},
+        {{2'000, 3'000, {"/a"}, {failure, failure}, {}, {}},
          "5 KB cleaned",
          {"3 KB is in the Trash until you empty it.",
           "2 item(s) were in use or protected and were left untouched.", "You now have 5 KB free."}},
@@ -210,7 +217,7 @@ TEST(SmartCleanModel, reportHasALineForEachThingThatHappened) {
         TestApp app;
         app.volumes.info = VolumeInfo{"Disk", 9'000, 5'000, 5'000};
         publish(app, {madeUpFinding("trash", {{"old", 1}})});
-        app.deletionRun = [&](const auto&) { return ExecutedRun{one.report, {}, nullptr}; };
+        app.deletionRun = [&](const auto&, const auto&) { return ExecutedRun{one.report, {}, {}, nullptr}; };
         SmartCleanModel model;
         model.setState(&app.state());
         EXPECT_EQ(model.cleanedLine(), "");

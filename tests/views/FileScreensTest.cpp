@@ -115,7 +115,7 @@ TEST_F(FileScreens, aMenuLeftOpenDoesNotActOnATreeThatIsGone) {
 
 TEST_F(FileScreens, whatLayInADeletedFolderLeavesWithIt) {
     state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
-    state().removeDeleted({"/Users/sam/Movies"});
+    ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies"}));
     EXPECT_TRUE(driver().awaitGone("c.mov, 3 GB"));
     EXPECT_TRUE(driver().shows("notes.txt, 100 MB"));
     EXPECT_EQ(state().explorerStack(), std::vector<FileNode*>{state().scan()->root});
@@ -170,7 +170,7 @@ TEST_F(FileScreens, spaceShowsWhatIsInAFileAndHidesItAgain) {
 TEST_F(FileScreens, deletedFilesLeaveAndTheRestStaysSelected) {
     click("c.mov, 3 GB");
     driver().key(Qt::Key_A, Qt::ControlModifier);
-    state().removeDeleted({"/Users/sam/Movies/c.mov", "/Users/sam/notes.txt"});
+    ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies/c.mov", "/Users/sam/notes.txt"}));
     EXPECT_TRUE(driver().await("3 selected · 3.5 GB"));
     EXPECT_TRUE(driver().await("3 files · 3.5 GB"));
     EXPECT_FALSE(driver().shows("notes.txt, 100 MB"));
@@ -197,6 +197,63 @@ TEST_F(FileScreens, theExplorerGoesInAndUp) {
     EXPECT_TRUE(driver().await("c.mov, 3 GB"));
     driver().key(Qt::Key_BracketLeft, Qt::ControlModifier);
     EXPECT_TRUE(driver().await("Tool.app, 500 MB"));
+}
+
+TEST_F(FileScreens, goingUpSelectsTheFolderOneComesFrom) {
+    state().setSection(AppSection::explorer);
+    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    EXPECT_TRUE(driver().await("c.mov, 3 GB"));
+    driver().click("Back", QAccessible::Button);
+    EXPECT_TRUE(driver().await("1 selected · 6 GB"));
+    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    EXPECT_TRUE(driver().awaitGone("1 selected · 6 GB")) << "going in begins with nothing selected";
+}
+
+TEST_F(FileScreens, aNewFilterIsReadFromTheTop) {
+    test::SyntheticTree tree("/Users/sam");
+    for (int number = 0; number < 200; ++number) {
+        tree.file(tree.root(), "film " + std::to_string(number) + ".mov", 9'000'000'000 - number * 1'000'000);
+        tree.file(tree.root(), "page " + std::to_string(number) + ".pdf", 8'000'000'000 - number * 1'000'000);
+    }
+    finishScan(tree.finish());
+    click("film 0.mov, 9 GB");
+    driver().key(Qt::Key_End);
+    EXPECT_TRUE(driver().await("page 199.pdf, 7.8 GB"));
+    driver().click("Documents");
+    EXPECT_TRUE(driver().await("page 0.pdf, 8 GB"));
+
+    state().setSection(AppSection::types);
+    click("film 0.mov, 9 GB");
+    driver().key(Qt::Key_End);
+    EXPECT_TRUE(driver().awaitGone("film 0.mov, 9 GB"));
+    driver().click("Documents, 1.58 TB, 200 files");
+    EXPECT_TRUE(driver().await("page 0.pdf, 8 GB"));
+}
+
+TEST_F(FileScreens, aLargeFolderIsNotCalledEmptyBeforeItsRowsAreThere) {
+    test::SyntheticTree tree("/Users/sam");
+    FileNode* many = tree.directory(tree.root(), "Many");
+    for (int number = 0; number < 3'000; ++number)
+        tree.file(many, "file " + std::to_string(number), 1'000'000);
+    finishScan(tree.finish());
+    state().setSection(AppSection::explorer);
+    test::handleEvents();
+    state().setExplorerStack({state().scan()->root, many});
+    EXPECT_FALSE(driver().shows("No folder and no large file lies directly in here."));
+    EXPECT_TRUE(driver().await("file 0, 1 MB"));
+}
+
+TEST_F(FileScreens, columnsAreResizedByKeyboard) {
+    ASSERT_TRUE(driver().tabTo("Risk"));
+    const QQuickItem* title = m_window->window().activeFocusItem();
+    const double before = title->width();
+    driver().key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_GT(title->width(), before);
+    driver().key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(title->width(), before);
+    for (int press = 0; press < 40; ++press)
+        driver().key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_GT(title->width(), 20) << "a column stays one";
 }
 
 class MapScreen : public FileScreens {

@@ -2,6 +2,7 @@
 #include "app/AppSection.h"
 #include "core/FileKind.h"
 #include "core/StorageBucket.h"
+#include "tables/SystemTables.h"
 #include "views/FileLooks.h"
 #include "views/IconProvider.h"
 
@@ -35,7 +36,7 @@ TEST(Looks, everySymbolInUseCanBeDrawn) {
 }
 
 TEST(Looks, filesAndFoldersShowWhatTheyAre) {
-    const FileLooks looks;
+    const FileLooks looks(macosTables().folders);
     EXPECT_EQ(looks.symbol("~/Movies", true), "folder.fill");
     EXPECT_EQ(looks.symbol("~/film.mov", false),
               QString::fromStdString(std::string(look(FileKind::video).symbol)));

@@ -118,17 +118,6 @@ TEST(MainWindow, bannerAsksForAccessAgain) {
     EXPECT_TRUE(driver.awaitGone("Grant Full Disk Access"));
 }
 
-TEST(MainWindow, scansAChosenFolder) {
-    TestApp app;
-    TestWindow window(app);
-    window.driver().click("Scan: Entire disk", QAccessible::Button);
-    window.driver().click("Choose Folder…", QAccessible::MenuItem);
-    window.panels().accept(QUrl::fromEncoded("file:///Users/sam/My%20Films%E9/"));
-    EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/My Films\xe9");
-    window.panels().accept(QUrl("file:///late"));
-    EXPECT_EQ(app.walks.count(), 1U);
-}
-
 TEST(MainWindow, menuEntriesAndShortcutsStartScans) {
     struct Case {
         Qt::Key key;
@@ -247,16 +236,67 @@ TEST(MainWindow, noticeOffersUndoOnlyWhereItCan) {
     entry.trashPath = app.disk.file(".Trash/a.txt", 10);
     Toast toast;
     toast.message = "Moved to Trash";
-    toast.undoable = {entry};
+    toast.undoable = std::make_shared<const std::vector<HistoryEntry>>(1, entry);
     window.state().setToast(toast);
     window.driver().click("Undo", QAccessible::Button);
+    ASSERT_TRUE(test::eventually([&] { return window.state().toast().has_value(); }));
     EXPECT_TRUE(app.disk.exists("a.txt"));
-    ASSERT_TRUE(window.state().toast().has_value());
     EXPECT_EQ(window.state().toast()->message, "1 item(s) restored");
 
     window.state().setToast(Toast{});
     window.driver().click("Close", QAccessible::Button);
     EXPECT_FALSE(window.state().toast().has_value());
+}
+
+TEST(MainWindow, clicksOnTheNoticeMeanNothingBelowIt) {
+    TestApp app;
+    TestWindow window(app);
+    QQuickItem* scan = window.driver().await("Scan", QAccessible::Button);
+    ASSERT_NE(scan, nullptr);
+    Toast toast;
+    toast.message = "Moved to Trash";
+    window.state().setToast(toast);
+    QQuickItem* notice = window.driver().await("Moved to Trash", QAccessible::AlertMessage);
+    ASSERT_NE(notice, nullptr);
+    // A notice may come to lie over any control.
+    const QPointF spot = notice->mapToScene(QPointF(notice->width() / 4, notice->height() / 2));
+    scan->setPosition(scan->parentItem()->mapFromScene(spot) - QPointF(scan->width(), scan->height()) / 2);
+    QTest::mouseClick(&window.window(), Qt::LeftButton, {}, spot.toPoint());
+    test::handleEvents();
+    EXPECT_EQ(window.state().smartPhase(), SmartPhase::idle);
+}
+
+TEST(MainWindow, theButtonOfAnOpenMenuClosesIt) {
+    TestApp app;
+    TestWindow window(app);
+    for (const char* button : {"Menu", "Scan: Entire disk"}) {
+        const QString entry = QLatin1String(button) == "Menu" ? "Settings…" : "Choose Folder…";
+        window.driver().click(button, QAccessible::Button);
+        EXPECT_TRUE(window.driver().await(entry, QAccessible::MenuItem));
+        window.driver().click(button, QAccessible::Button);
+        EXPECT_TRUE(window.driver().awaitGone(entry));
+        window.driver().click(button, QAccessible::Button);
+        EXPECT_TRUE(window.driver().await(entry, QAccessible::MenuItem));
+        QTest::mouseClick(&window.window(), Qt::LeftButton, {}, QPoint(500, 700));
+        EXPECT_TRUE(window.driver().awaitGone(entry)) << "a click elsewhere closes it too";
+    }
+}
+
+TEST(MainWindow, theFirstScreenRestsAfterSomeBreaths) {
+    TestApp app;
+    TestWindow window(app);
+    window.appearance().setReducedMotion(false);
+    auto* breathing = window.window().findChild<QObject*>("breathing");
+    ASSERT_NE(breathing, nullptr);
+    EXPECT_TRUE(breathing->property("running").toBool());
+    EXPECT_GT(breathing->property("loops").toInt(), 0) << "they end";
+    QMetaObject::invokeMethod(breathing, "stop");
+    EXPECT_FALSE(breathing->property("running").toBool());
+    QTest::qWait(1'500); // the ring has filled
+    int frames = 0;
+    QObject::connect(&window.window(), &QQuickWindow::frameSwapped, &window.window(), [&] { ++frames; });
+    QTest::qWait(500);
+    EXPECT_EQ(frames, 0);
 }
 
 TEST(MainWindow, everythingIsReachedByTab) {

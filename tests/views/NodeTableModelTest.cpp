@@ -85,7 +85,7 @@ TEST_F(NodeModels, filesFollowFilterSortAndDeletion) {
     EXPECT_EQ(names(files), "binary b.mov a.mov");
     EXPECT_EQ(files.selectedCount(), 3);
     EXPECT_EQ(files.selectedSize(), 600);
-    state().removeDeleted({"/Users/sam/Movies/b.mov"});
+    ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies/b.mov"}));
     EXPECT_EQ(names(files), "binary a.mov");
     EXPECT_EQ(files.selectedSize(), 300);
 }
@@ -150,7 +150,7 @@ TEST_F(NodeModels, aDeletionCorrectsTheFolderAndKeepsTheRestSelected) {
     scanSample();
     folder.activate(0);
     folder.selectAll();
-    state().removeDeleted({"/Users/sam/Movies/b.mov"});
+    ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies/b.mov"}));
     EXPECT_EQ(names(folder), "a.mov Big.app");
     EXPECT_EQ(folder.selectedCount(), 2);
     EXPECT_EQ(folder.selectedSize(), 300);
@@ -224,8 +224,8 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     actions.remove();
     EXPECT_FALSE(state().hasPlan());
     FileNode* app = node("/Users/sam/Movies/Big.app");
-    actions.take(state().scan(),
-                 {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")});
+    actions.take(
+        {state().scan(), {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")}});
     EXPECT_TRUE(actions.canPreview());
     EXPECT_TRUE(actions.isDirectory());
     EXPECT_EQ(actions.deleteText(), "Delete 3 Items…");
@@ -241,7 +241,8 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     EXPECT_EQ(state().section(), AppSection::explorer);
     EXPECT_EQ(state().explorerStack(), (std::vector<FileNode*>{state().scan()->root, app->parent, app}));
     actions.remove();
-    ASSERT_TRUE(state().hasPlan());
+    EXPECT_TRUE(state().hasPlan());
+    ASSERT_TRUE(test::eventually([&] { return state().plan() != nullptr; }));
     const DeletionPlan& plan = *state().plan();
     EXPECT_EQ(plan.title, "Delete Items");
     ASSERT_EQ(plan.items.size(), 2U) << "what lies in the bundle goes with it";

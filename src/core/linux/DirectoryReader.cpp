@@ -1,5 +1,8 @@
 #include "core/DirectoryReader.h"
 
+#include "core/WholeNumber.h"
+
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <dirent.h>
@@ -17,7 +20,8 @@ EntryStatus reduced(const struct stat& status) {
     result.device = status.st_dev;
     result.inode = status.st_ino;
     result.links = status.st_nlink;
-    result.allocatedBytes = static_cast<std::int64_t>(status.st_blocks) * 512;
+    result.allocatedBytes =
+        bytesOfBlocks(static_cast<std::uint64_t>(std::max<blkcnt_t>(status.st_blocks, 0)), 512);
     result.logicalBytes = status.st_size;
     result.modified = status.st_mtim.tv_sec;
     result.accessed = status.st_atim.tv_sec;

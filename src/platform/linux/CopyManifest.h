@@ -1,27 +1,62 @@
 // What a copy holds of its original: every file as it was when it was read.
+//
+// A file that was written since differs in its size or its times; whoever puts the modification time back
+// still changes the time of the last change. Filled by one thread, then asked by several.
 #pragma once
 
 #include "platform/linux/FileSystemCalls.h"
 
-#include <set>
+#include <atomic>
+#include <map>
 #include <tuple>
 
 namespace brimlet {
 
 class CopyManifest {
 public:
-    void add(const FileStatus& file) { m_files.insert(keyOf(file)); }
-
-    /// Whether the copy holds this file, unchanged since.
-    bool holds(const FileStatus& file) const { return m_files.contains(keyOf(file)); }
-
-private:
-    using Key = std::tuple<std::uint64_t, std::int64_t, time_t, long>;
-    static Key keyOf(const FileStatus& file) {
-        return {file.inode, file.size, file.modified.tv_sec, file.modified.tv_nsec};
+    /// Notes a file before it is read. False when it is one of several names of a file that has changed since
+    /// the first of them was noted.
+    bool add(const FileStatus& file) {
+        const auto [noted, isNew] = m_files.try_emplace(file.inode, file);
+        return isNew || noted->second.isSame(file, Moment::ofChange);
     }
 
-    std::set<Key> m_files;
+    /// Whether the copy holds this file, unchanged since. Removing one name of several changes a file's time
+    /// of change, so this counts only until a first name has been found unchanged.
+    bool holds(const FileStatus& file) const {
+        const auto noted = m_files.find(file.inode);
+        if (noted == m_files.end() ||
+            !noted->second.isSame(file, noted->second.found ? Moment::ofWriting : Moment::ofChange))
+            return false;
+        noted->second.found = true;
+        return true;
+    }
+
+    /// Holds nothing from now on.
+    void forget() { m_files.clear(); }
+
+private:
+    enum class Moment { ofWriting, ofChange };
+    using Time = std::tuple<time_t, long>;
+    static Time momentOf(const timespec& time) { return {time.tv_sec, time.tv_nsec}; }
+
+    struct Noted {
+        explicit Noted(const FileStatus& file)
+            : size(file.size)
+            , modified(momentOf(file.modified))
+            , changed(momentOf(file.changed)) {}
+        bool isSame(const FileStatus& file, Moment latest) const {
+            return file.size == size && momentOf(file.modified) == modified &&
+                   (latest == Moment::ofWriting || momentOf(file.changed) == changed);
+        }
+
+        std::int64_t size;
+        Time modified;
+        Time changed;
+        mutable std::atomic<bool> found = false;
+    };
+
+    std::map<std::uint64_t, Noted> m_files; // by inode
 };
 
 } // namespace brimlet

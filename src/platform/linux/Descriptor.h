@@ -36,6 +36,9 @@ public:
             m_calls->close(std::exchange(m_number, -1));
     }
 
+    /// Closes a file that was written; must be open. A negative errno when what was written may be lost.
+    int closeWritten() { return m_calls->closeWritten(std::exchange(m_number, -1)); }
+
 private:
     FileSystemCalls* m_calls = nullptr;
     int m_number = -1;

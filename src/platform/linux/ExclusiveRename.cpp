@@ -1,32 +1,55 @@
 #include "platform/linux/ExclusiveRename.h"
 
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/ScratchName.h"
 #include "platform/linux/TreeRemover.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 
 namespace brimlet {
 
 namespace {
 
-/// A name reserved by an empty folder, or a second name for a file: either is made only where nothing is.
-int renameByReserving(FileSystemCalls& calls, int folder, const char* name, int newFolder,
-                      const char* newName) {
+/// Whether a file system or the system's rules have no hard link for this file.
+bool isUnlinkable(int result) {
+    return result == -EPERM || result == -ENOTSUP || result == -ENOSYS || result == -EMLINK;
+}
+
+enum class Entry { folder, other };
+
+/// Takes a name by making an empty entry where nothing is, and renames over that.
+int renameOntoReservation(FileSystemCalls& calls, int folder, const char* name, int newFolder,
+                          const char* newName, Entry entry) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+    const Descriptor file(
+        calls, entry == Entry::folder ? -1 : calls.open(newFolder, newName, flags, S_IRUSR | S_IWUSR));
+    const int reserved =
+        entry == Entry::folder ? calls.makeFolder(newFolder, newName, S_IRWXU) : file.number();
+    if (reserved < 0)
+        return reserved;
+    const int result = calls.rename(folder, name, newFolder, newName, 0);
+    const int how = entry == Entry::folder ? AT_REMOVEDIR : 0;
+    if (result < 0 && calls.unlink(newFolder, newName, how) < 0)
+        calls.unlink(newFolder, newName, how);
+    return result;
+}
+
+/// Steps that are exclusive themselves: a second name for a file, or a reservation.
+int renameBySteps(FileSystemCalls& calls, int folder, const char* name, int newFolder, const char* newName) {
+    if (isScratchName(newName)) // nothing else is called so
+        return calls.rename(folder, name, newFolder, newName, 0);
     FileStatus status;
     int result = calls.status(folder, name, status);
     if (result < 0)
         return result;
-    if (status.isFolder()) {
-        result = calls.makeFolder(newFolder, newName, 0700);
-        if (result == 0)
-            result = calls.rename(folder, name, newFolder, newName, 0);
-        if (result < 0 && result != -EEXIST)
-            calls.unlink(newFolder, newName, AT_REMOVEDIR);
-        return result;
-    }
+    if (status.isFolder())
+        return renameOntoReservation(calls, folder, name, newFolder, newName, Entry::folder);
     result = calls.makeHardLink(folder, name, newFolder, newName);
+    if (isUnlinkable(result))
+        return renameOntoReservation(calls, folder, name, newFolder, newName, Entry::other);
     if (result == 0) {
         result = calls.unlink(folder, name, 0);
         if (result < 0)
@@ -37,8 +60,8 @@ int renameByReserving(FileSystemCalls& calls, int folder, const char* name, int 
 
 int renameOnce(FileSystemCalls& calls, int folder, const char* name, int newFolder, const char* newName) {
     const int result = calls.rename(folder, name, newFolder, newName, RENAME_NOREPLACE);
-    if (result == -EINVAL || result == -ENOSYS)
-        return renameByReserving(calls, folder, name, newFolder, newName);
+    if (result == -EINVAL || result == -ENOSYS || result == -ENOTSUP)
+        return renameBySteps(calls, folder, name, newFolder, newName);
     return result;
 }
 

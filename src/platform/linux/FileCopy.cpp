@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace brimlet {
@@ -35,12 +37,40 @@ int copyRange(FileSystemCalls& calls, int from, int to, std::int64_t at, std::in
     return 0;
 }
 
-/// Whether an attribute may stay behind when the system refuses it to this user or on that disk.
+constexpr std::string_view capabilities = "security.capability";
+
+/// Whether an attribute is the system's own, which sets it on the copy as it sees fit.
 bool isSystemOnly(std::string_view attribute) {
-    return attribute.starts_with("security.") || attribute.starts_with("trusted.");
+    return (attribute.starts_with("security.") && attribute != capabilities) ||
+           attribute.starts_with("trusted.");
 }
 
-int copyAttribute(FileSystemCalls& calls, int from, int to, const char* attribute) {
+/// Whether a file system says so of what it has no place for, or the system of what this user may not set.
+bool isNotStorable(int result) {
+    constexpr int answers[] = {ENOTSUP, EPERM, EINVAL, ERANGE, E2BIG, EOVERFLOW};
+    return std::find(std::begin(answers), std::end(answers), -result) != std::end(answers);
+}
+
+/// Takes a step twice where it fails, and notes a loss where the disk can't store it.
+template <class Step>
+int storeIfPossible(CopyLosses& losses, Step step) {
+    int result = step();
+    if (isNotStorable(result))
+        result = step();
+    if (!isNotStorable(result))
+        return result;
+    losses.attributes = true;
+    return 0;
+}
+
+/// A file system without room for one attribute says that it has none left; a full disk says so of all.
+bool hasRoom(FileSystemCalls& calls, int file) {
+    constexpr std::int64_t enough = 1 << 20; // far above the largest attribute
+    DiskSpace space;
+    return calls.space(file, space) == 0 && space.available > enough;
+}
+
+int copyAttribute(FileSystemCalls& calls, int from, int to, const char* attribute, CopyLosses& losses) {
     ssize_t size = calls.readAttribute(from, attribute, nullptr, 0);
     if (size < 0)
         return isSystemOnly(attribute) ? 0 : static_cast<int>(size);
@@ -48,11 +78,15 @@ int copyAttribute(FileSystemCalls& calls, int from, int to, const char* attribut
     size = calls.readAttribute(from, attribute, value.data(), value.size());
     if (size < 0)
         return static_cast<int>(size);
-    const int result = calls.writeAttribute(to, attribute, value.data(), static_cast<std::size_t>(size));
-    return result < 0 && isSystemOnly(attribute) ? 0 : result;
+    const auto write = [&] {
+        const int result = calls.writeAttribute(to, attribute, value.data(), static_cast<std::size_t>(size));
+        return result == -ENOSPC && hasRoom(calls, to) ? -E2BIG : result;
+    };
+    return isSystemOnly(attribute) ? (write(), 0) : storeIfPossible(losses, write);
 }
 
-int copyAttributes(FileSystemCalls& calls, int from, int to) {
+/// except   an attribute that is left out
+int copyAttributes(FileSystemCalls& calls, int from, int to, std::string_view except, CopyLosses& losses) {
     ssize_t size = calls.listAttributes(from, nullptr, 0);
     if (size == -ENOTSUP)
         return 0;
@@ -64,26 +98,27 @@ int copyAttributes(FileSystemCalls& calls, int from, int to) {
         return static_cast<int>(size);
     names.resize(static_cast<std::size_t>(size));
     for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1) {
-        if (const int result = copyAttribute(calls, from, to, names.c_str() + at); result < 0)
+        const char* name = names.c_str() + at;
+        const int result = name == except ? 0 : copyAttribute(calls, from, to, name, losses);
+        if (result < 0)
             return result;
     }
     return 0;
 }
 
-/// The mode that a copy may have: without the owner, a program must not run as somebody else.
-int setOwnerAndMode(FileSystemCalls& calls, const FileStatus& original, int to) {
-    mode_t mode = original.mode & 07777;
+/// 1 where the copy has its original's owner and group, 0 where it can't have them.
+int setOwner(FileSystemCalls& calls, const FileStatus& original, int to, CopyLosses& losses) {
     FileStatus copy;
     if (const int result = calls.status(to, "", copy); result < 0)
         return result;
-    if (copy.owner != original.owner || copy.group != original.group) {
-        const int result = calls.setOwner(to, "", original.owner, original.group);
-        if (result == -EPERM || result == -EINVAL)
-            mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
-        else if (result < 0)
-            return result;
-    }
-    return calls.setMode(to, mode);
+    if (copy.owner == original.owner && copy.group == original.group)
+        return 1;
+    const bool hadLost = std::exchange(losses.attributes, false);
+    const int result =
+        storeIfPossible(losses, [&] { return calls.setOwner(to, "", original.owner, original.group); });
+    const bool isSet = result == 0 && !losses.attributes;
+    losses.attributes = losses.attributes || hadLost;
+    return result < 0 ? result : static_cast<int>(isSet);
 }
 
 } // namespace
@@ -110,22 +145,28 @@ int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes) {
     return calls.truncate(to, bytes);
 }
 
-int copyMetadata(FileSystemCalls& calls, int from, const FileStatus& original, int to) {
-    // Attributes may need write permission, so they come before the mode; an access list may change the mode,
-    // so the mode comes after them.
-    int result = copyAttributes(calls, from, to);
+// A change of owner takes file capabilities away, so it comes first. Attributes may need write permission, so
+// they come before the mode; an access list may change the mode, so the mode comes after them.
+int copyMetadata(FileSystemCalls& calls, int from, const FileStatus& original, int to, CopyLosses& losses) {
+    const int isOwners = setOwner(calls, original, to, losses);
+    if (isOwners < 0)
+        return isOwners;
+    // A program must not run with rights that its owner didn't give.
+    const bool keepsRights = isOwners == 1;
+    const mode_t rights = keepsRights ? 0 : S_ISUID | S_ISGID;
+    int result = copyAttributes(calls, from, to, keepsRights ? "" : capabilities, losses);
     if (result == 0)
-        result = setOwnerAndMode(calls, original, to);
+        result = storeIfPossible(losses, [&] { return calls.setMode(to, original.mode & 07777 & ~rights); });
     const timespec times[2] = {original.accessed, original.modified};
-    return result == 0 ? calls.setTimes(to, "", times) : result;
+    return result < 0 ? result : storeIfPossible(losses, [&] { return calls.setTimes(to, "", times); });
 }
 
-int copyMetadataByName(FileSystemCalls& calls, const FileStatus& original, int folder, const char* name) {
-    const int result = calls.setOwner(folder, name, original.owner, original.group);
-    if (result < 0 && result != -EPERM && result != -EINVAL)
-        return result;
+int copyMetadataByName(FileSystemCalls& calls, const FileStatus& original, int folder, const char* name,
+                       CopyLosses& losses) {
+    const int result =
+        storeIfPossible(losses, [&] { return calls.setOwner(folder, name, original.owner, original.group); });
     const timespec times[2] = {original.accessed, original.modified};
-    return calls.setTimes(folder, name, times);
+    return result < 0 ? result : storeIfPossible(losses, [&] { return calls.setTimes(folder, name, times); });
 }
 
 } // namespace brimlet

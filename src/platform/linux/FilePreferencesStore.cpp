@@ -67,6 +67,13 @@ void replaceFile(const std::string& file, std::string_view bytes) {
         unlink(temporary.c_str());
 }
 
+/// Whether it is a file that could be read if the disk or its permissions allowed it.
+bool isReadableKind(const std::string& file) {
+    struct stat status {};
+    return stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           static_cast<std::size_t>(status.st_size) <= sizeLimit;
+}
+
 /// The first of ".damaged", ".damaged-2", … that is not taken.
 std::string nameAside(const std::string& file) {
     std::string name = file + ".damaged";
@@ -83,11 +90,15 @@ std::string FilePreferencesStore::standardFile(std::string_view homeFolder) {
 
 FilePreferencesStore::FilePreferencesStore(std::string file)
     : m_file(std::move(file)) {
-    auto document = readJson(fileContents(m_file, sizeLimit).value_or(""));
+    const std::optional<std::string> text = fileContents(m_file, sizeLimit);
+    auto document = readJson(text.value_or(""));
     const bool understood = document && document->is_object();
-    m_fileIsDamaged = !understood && access(m_file.c_str(), F_OK) == 0;
     if (understood)
         m_values = std::move(*document);
+    else if (!text && isReadableKind(m_file))
+        m_fileState = FileState::unknown;
+    else if (access(m_file.c_str(), F_OK) == 0)
+        m_fileState = FileState::damaged;
 }
 
 std::optional<PreferenceValue> FilePreferencesStore::value(std::string_view key) const {
@@ -106,9 +117,11 @@ void FilePreferencesStore::removeValue(std::string_view key) {
 }
 
 void FilePreferencesStore::save() {
-    if (m_fileIsDamaged)
+    if (m_fileState == FileState::unknown)
+        return;
+    if (m_fileState == FileState::damaged)
         std::rename(m_file.c_str(), nameAside(m_file).c_str());
-    m_fileIsDamaged = false;
+    m_fileState = FileState::ours;
     replaceFile(m_file, writeJson(m_values, JsonLayout::indented) + "\n");
 }
 

@@ -1,7 +1,7 @@
 // Preferences in one JSON file, read once at creation and replaced as a whole on every write.
 //
 // A file that can't be understood is kept aside as "….damaged" when the first write replaces it, and counts
-// as empty until then.
+// as empty until then. One that may not be read is left alone: changes last until the program ends.
 #pragma once
 
 #include "platform/PreferencesStore.h"
@@ -26,7 +26,12 @@ private:
 
     std::string m_file;
     Json m_values = Json::object();
-    bool m_fileIsDamaged = false;
+    enum class FileState {
+        ours,
+        damaged, ///< doesn't decode
+        unknown, ///< can't be read, so nothing is written over it
+    };
+    FileState m_fileState = FileState::ours;
 };
 
 } // namespace brimlet

@@ -1,12 +1,16 @@
 #include "platform/linux/FileSystemCalls.h"
 
+#include "platform/linux/MountPoints.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
 #include <sys/xattr.h>
@@ -34,6 +38,10 @@ bool FileStatus::isLink() const {
     return S_ISLNK(mode);
 }
 
+EntryIdentity FileStatus::identity() const {
+    return {device, inode, mode & S_IFMT, born.tv_sec, static_cast<std::uint32_t>(born.tv_nsec)};
+}
+
 int FileSystemCalls::before(const SystemCall&) {
     return 0;
 }
@@ -59,6 +67,15 @@ int FileSystemCalls::open(int folder, const char* name, int flags, mode_t mode) 
                    [=] { return ::openat(folder, name, flags | O_CLOEXEC, mode); });
 }
 
+int FileSystemCalls::openWithoutLinks(const char* path, int flags) {
+    open_how how{};
+    how.flags = static_cast<std::uint64_t>(flags) | O_CLOEXEC;
+    how.resolve = RESOLVE_NO_SYMLINKS;
+    return perform({"openWithoutLinks", false, AT_FDCWD, path}, [&] {
+        return static_cast<int>(::syscall(SYS_openat2, AT_FDCWD, path, &how, sizeof how));
+    });
+}
+
 int FileSystemCalls::status(int folder, const char* name, FileStatus& status) {
     struct statx raw {};
     const int result = perform({"status", false, folder, name}, [&] {
@@ -74,11 +91,15 @@ int FileSystemCalls::status(int folder, const char* name, FileStatus& status) {
     status.group = raw.stx_gid;
     status.links = raw.stx_nlink;
     status.size = static_cast<std::int64_t>(raw.stx_size);
+    status.allocatedBytes = static_cast<std::int64_t>(raw.stx_blocks) * 512;
     status.specialDevice = makedev(raw.stx_rdev_major, raw.stx_rdev_minor);
     status.accessed = timeOf(raw.stx_atime);
     status.modified = timeOf(raw.stx_mtime);
+    status.changed = timeOf(raw.stx_ctime);
     status.born = (raw.stx_mask & STATX_BTIME) != 0 ? timeOf(raw.stx_btime) : timespec{};
-    status.isMountPoint = (raw.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+    const bool isTold = m_kernelTellsMountPoints && (raw.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0;
+    status.isMountPoint = isTold ? (raw.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0
+                                 : status.isFolder() && isMountPoint(folder, name);
     return 0;
 }
 
@@ -155,6 +176,39 @@ int FileSystemCalls::syncData(int file) {
 
 int FileSystemCalls::syncFileSystem(int file) {
     return perform({"syncFileSystem", false, file}, [=] { return ::syncfs(file); });
+}
+
+int FileSystemCalls::startWriting(int file) {
+    return perform({"startWriting", false, file},
+                   [=] { return ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE); });
+}
+
+// Linux closes a descriptor whatever it answers, so an interrupted close must not be repeated.
+int FileSystemCalls::closeWritten(int file) {
+    const int refused = before({"closeWritten", false, file});
+    const int result = ::close(file) < 0 && errno != EINTR ? -errno : 0;
+    return refused < 0 && refused != -EINTR ? refused : result;
+}
+
+int FileSystemCalls::allocate(int file, std::int64_t bytes) {
+    return perform({"allocate", true, file}, [=] { return ::fallocate(file, 0, 0, bytes); });
+}
+
+int FileSystemCalls::checkWritable(int folder) {
+    return perform({"checkWritable", false, folder},
+                   [=] { return ::faccessat(folder, ".", W_OK | X_OK, AT_EACCESS); });
+}
+
+int FileSystemCalls::space(int file, DiskSpace& space) {
+    struct statvfs raw {};
+    const int result = perform({"space", false, file}, [&] { return ::fstatvfs(file, &raw); });
+    if (result < 0)
+        return result;
+    const auto block = static_cast<std::int64_t>(raw.f_frsize);
+    space.total = static_cast<std::int64_t>(raw.f_blocks) * block;
+    // What is kept for the administrator is there for the administrator.
+    space.available = static_cast<std::int64_t>(geteuid() == 0 ? raw.f_bfree : raw.f_bavail) * block;
+    return 0;
 }
 
 int FileSystemCalls::lock(int file, int operation) {

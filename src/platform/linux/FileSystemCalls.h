@@ -5,6 +5,8 @@
 // Stateless; callable from any thread.
 #pragma once
 
+#include "platform/EntryIdentity.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -23,9 +25,11 @@ struct FileStatus {
     gid_t group = 0;
     std::uint64_t links = 0;
     std::int64_t size = 0;
+    std::int64_t allocatedBytes = 0;
     dev_t specialDevice = 0;
     timespec accessed{};
     timespec modified{};
+    timespec changed{}; ///< contents or metadata, as the system keeps it
     timespec born{};
     bool isMountPoint = false;
 
@@ -33,6 +37,13 @@ struct FileStatus {
     bool isRegularFile() const;
     bool isLink() const;
     bool isSameFile(const FileStatus& other) const { return device == other.device && inode == other.inode; }
+    EntryIdentity identity() const;
+};
+
+/// What a disk has room for, in bytes.
+struct DiskSpace {
+    std::int64_t total = 0; ///< 0 where the file system doesn't say
+    std::int64_t available = 0;
 };
 
 /// One call that is about to be made.
@@ -54,6 +65,8 @@ public:
     FileSystemCalls& operator=(const FileSystemCalls&) = delete;
 
     int open(int folder, const char* name, int flags, mode_t mode = 0);
+    /// Opens an absolute path none of whose components may be a link.
+    int openWithoutLinks(const char* path, int flags);
     int status(int folder, const char* name, FileStatus& status);
     ssize_t listFolder(int folder, char* buffer, std::size_t bytes);
     int rewindFolder(int folder);
@@ -73,7 +86,16 @@ public:
     int sync(int file);
     int syncData(int file);
     int syncFileSystem(int file);
+    /// Begins to write a file's pages to the disk and doesn't wait for them.
+    int startWriting(int file);
+    /// Closes a file that was written. On an error what was written may be lost; it is closed all the same.
+    int closeWritten(int file);
+    /// Gives a file blocks of its own up to `bytes`, unwritten.
+    int allocate(int file, std::int64_t bytes);
     int lock(int file, int operation);
+    /// Whether this process may add and remove entries of a folder: 0, -EROFS, -EACCES…
+    int checkWritable(int folder);
+    int space(int file, DiskSpace& space);
 
     int setMode(int file, mode_t mode);
     /// Also through a descriptor that was opened with O_PATH.
@@ -90,6 +112,9 @@ public:
 protected:
     /// Called before each call. A negative errno is given back in the call's place.
     virtual int before(const SystemCall& call);
+
+    /// Whether status() may trust the kernel about mount points; one before 5.8 says nothing of them.
+    bool m_kernelTellsMountPoints = true;
 
 private:
     template <class Call>

@@ -15,8 +15,10 @@ void FolderLadder::descend(Descriptor folder, const FileStatus& status) {
         m_rungs[m_rungs.size() - 1 - mostOpen].folder.close();
 }
 
-int FolderLadder::ascend() {
-    const Descriptor left = std::move(m_rungs.back().folder);
+int FolderLadder::ascend(Descriptor* receiver) {
+    Descriptor own;
+    Descriptor& left = receiver != nullptr ? *receiver : own;
+    left = std::move(m_rungs.back().folder);
     m_rungs.pop_back();
     if (m_rungs.empty() || m_rungs.back().folder.isOpen())
         return 0;

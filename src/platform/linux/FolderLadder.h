@@ -28,7 +28,8 @@ public:
 
     /// Goes up one folder. Gives 0, or a negative errno when the folder above can't be reached any more; the
     /// ladder is then empty.
-    int ascend();
+    /// left    receives the folder that was left, still open
+    int ascend(Descriptor* left = nullptr);
 
 private:
     struct Rung {

@@ -8,21 +8,21 @@
 namespace brimlet {
 
 namespace {
-constexpr std::size_t bufferBytes = std::size_t{128} * 1024; // some 4,000 names a call
+constexpr std::size_t bufferBytes = std::size_t{64} * 1024; // some 2,000 names a call
 }
 
 FolderListing::FolderListing(FileSystemCalls& calls)
     : m_calls(calls)
-    , m_buffer(bufferBytes) {}
+    , m_buffer(new char[bufferBytes]) {}
 
 int FolderListing::readOn(int folder) {
     m_batch.clear();
     while (m_batch.empty()) {
-        const ssize_t bytes = m_calls.listFolder(folder, m_buffer.data(), m_buffer.size());
+        const ssize_t bytes = m_calls.listFolder(folder, m_buffer.get(), bufferBytes);
         if (bytes <= 0)
             return static_cast<int>(bytes);
         for (ssize_t at = 0; at < bytes;) {
-            const char* record = m_buffer.data() + at;
+            const char* record = m_buffer.get() + at;
             dirent64 head{};
             std::memcpy(&head, record, offsetof(dirent64, d_name));
             const char* name = record + offsetof(dirent64, d_name);

@@ -4,6 +4,7 @@
 #include "platform/linux/FileSystemCalls.h"
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -29,7 +30,7 @@ public:
 
 private:
     FileSystemCalls& m_calls;
-    std::vector<char> m_buffer;
+    std::unique_ptr<char[]> m_buffer; // left as it is until the kernel fills it
     std::vector<ListedEntry> m_batch;
 };
 

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -24,6 +25,17 @@ std::string pathWithoutLinks(const std::string& folder) {
     std::error_code error;
     const std::filesystem::path resolved = std::filesystem::canonical(folder, error);
     return error ? folder : resolved.native();
+}
+
+bool belongsToAnother(const std::string& folder) {
+    struct stat status {};
+    return stat(folder.c_str(), &status) == 0 && status.st_uid != geteuid();
+}
+
+std::string programPath() {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string() : program.native();
 }
 
 } // namespace brimlet

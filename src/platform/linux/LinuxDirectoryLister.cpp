@@ -1,12 +1,12 @@
 #include "platform/linux/LinuxDirectoryLister.h"
 
+#include "platform/linux/FileSystemCalls.h"
+
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
 #include <string_view>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace brimlet {
 
@@ -14,34 +14,39 @@ namespace {
 
 using OpenDirectory = std::unique_ptr<DIR, int (*)(DIR*)>;
 
-OpenDirectory openDirectory(const std::string& folder) {
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+OpenDirectory openDirectory(FileSystemCalls& calls, const std::string& folder) {
+    const int descriptor = calls.open(AT_FDCWD, folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
     if (descriptor < 0)
         return {nullptr, closedir};
     DIR* directory = fdopendir(descriptor);
     if (directory == nullptr)
-        close(descriptor);
+        calls.close(descriptor);
     return {directory, closedir};
 }
 
-ListedChild examined(int folder, const char* name) {
-    ListedChild child{name, std::nullopt, std::nullopt};
-    struct stat status {};
-    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+ListedChild examined(FileSystemCalls& calls, int folder, const EntryIdentity& folderIdentity,
+                     const char* name) {
+    ListedChild child{name, std::nullopt, std::nullopt, std::nullopt};
+    FileStatus status;
+    if (calls.status(folder, name, status) < 0)
         return child;
     child.modified =
-        static_cast<double>(status.st_mtim.tv_sec) + static_cast<double>(status.st_mtim.tv_nsec) / 1e9;
-    if (!S_ISDIR(status.st_mode))
-        child.fileBytes = std::int64_t{status.st_blocks} * 512;
+        static_cast<double>(status.modified.tv_sec) + static_cast<double>(status.modified.tv_nsec) / 1e9;
+    if (!status.isFolder())
+        child.fileBytes = status.allocatedBytes;
+    child.identity = PlacedIdentity{status.identity(), folderIdentity};
     return child;
 }
 
 } // namespace
 
 std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std::string& folder) const {
-    const OpenDirectory directory = openDirectory(folder);
-    if (directory == nullptr)
+    FileSystemCalls calls;
+    const OpenDirectory directory = openDirectory(calls, folder);
+    FileStatus status;
+    if (directory == nullptr || calls.status(dirfd(directory.get()), "", status) < 0)
         return std::nullopt;
+    const EntryIdentity identity = status.identity();
     std::vector<ListedChild> entries;
     for (;;) {
         errno = 0;
@@ -50,7 +55,7 @@ std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std
             break;
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            entries.push_back(examined(dirfd(directory.get()), entry->d_name));
+            entries.push_back(examined(calls, dirfd(directory.get()), identity, entry->d_name));
     }
     if (errno != 0)
         return std::nullopt;

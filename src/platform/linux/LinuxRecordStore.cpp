@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace brimlet {
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* lockName = "history.lock";
+constexpr const char* reserveName = "reserve";
+constexpr std::int64_t reserveBytes = 4 << 20; // a whole history and the journal of some thousand items
 
 Failure failureOf(int result) {
     return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
@@ -28,6 +31,14 @@ int writeAll(FileSystemCalls& calls, int file, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return 0;
+}
+
+/// Takes a step, and once more where the disk was full and something could be given back.
+template <class Step>
+int withRoom(RecordStore& store, Step step) {
+    const int result = step();
+    const bool isFull = result == -ENOSPC || result == -EDQUOT;
+    return isFull && store.makeRoom() ? step() : result;
 }
 
 Result<std::string> readAll(FileSystemCalls& calls, int file) {
@@ -46,19 +57,23 @@ Result<std::string> readAll(FileSystemCalls& calls, int file) {
 
 class LinuxRecordLog : public RecordLog {
 public:
-    LinuxRecordLog(FileSystemCalls& calls, Descriptor file)
-        : m_calls(calls)
+    LinuxRecordLog(LinuxRecordStore& store, FileSystemCalls& calls, Descriptor file)
+        : m_store(store)
+        , m_calls(calls)
         , m_file(std::move(file)) {}
 
     Failure append(std::string_view bytes, Durability durability) override {
-        int result = writeAll(m_calls, m_file.number(), bytes);
-        if (result == 0 && durability == Durability::survivesPowerCut)
-            result = m_calls.syncData(m_file.number());
-        return failureOf(result);
+        return failureOf(withRoom(m_store, [&] {
+            const int result = writeAll(m_calls, m_file.number(), bytes);
+            return result == 0 && durability == Durability::survivesPowerCut
+                       ? m_calls.syncData(m_file.number())
+                       : result;
+        }));
     }
     Result<std::string> content() override { return readAll(m_calls, m_file.number()); }
 
 private:
+    LinuxRecordStore& m_store;
     FileSystemCalls& m_calls;
     Descriptor m_file;
 };
@@ -74,10 +89,11 @@ private:
 
 } // namespace
 
-LinuxRecordStore::LinuxRecordStore(std::string folder, FileSystemCalls& calls)
+LinuxRecordStore::LinuxRecordStore(std::string folder, FileSystemCalls& calls, MissingFolders missing)
     : m_folder(std::move(folder))
     , m_calls(calls) {
-    (void)openFolder(MissingFolders::make);
+    if (missing == MissingFolders::make)
+        (void)openFolder(missing);
 }
 
 Result<Descriptor> LinuxRecordStore::openFolder(MissingFolders missing) {
@@ -91,8 +107,10 @@ Result<std::unique_ptr<RecordLock>> LinuxRecordStore::lock() {
     Result<Descriptor> folder = openFolder(MissingFolders::make);
     if (const PlatformError* error = errorIn(folder))
         return *error;
-    Descriptor file(m_calls, m_calls.open(std::get_if<Descriptor>(&folder)->number(), lockName,
-                                          O_RDWR | O_CREAT | O_NOFOLLOW, ownerOnly));
+    const int in = std::get_if<Descriptor>(&folder)->number();
+    Descriptor file(m_calls, withRoom(*this, [&] {
+                        return m_calls.open(in, lockName, O_RDWR | O_CREAT | O_NOFOLLOW, ownerOnly);
+                    }));
     if (!file.isOpen())
         return errorFromErrno(-file.number());
     if (const int result = m_calls.lock(file.number(), LOCK_EX); result < 0)
@@ -125,13 +143,15 @@ Failure LinuxRecordStore::replace(std::string_view name, std::string_view bytes)
         return *error;
     const int folder = std::get_if<Descriptor>(&opened)->number();
     const std::string temporary = std::string(name) + ".new";
-    const Descriptor file(m_calls, m_calls.open(folder, temporary.c_str(),
-                                                O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW, ownerOnly));
-    if (!file.isOpen())
-        return errorFromErrno(-file.number());
-    int result = writeAll(m_calls, file.number(), bytes);
-    if (result == 0)
-        result = m_calls.sync(file.number());
+    const auto write = [&] {
+        constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW;
+        const Descriptor file(m_calls, m_calls.open(folder, temporary.c_str(), flags, ownerOnly));
+        if (!file.isOpen())
+            return file.number();
+        const int written = writeAll(m_calls, file.number(), bytes);
+        return written < 0 ? written : m_calls.sync(file.number());
+    };
+    int result = withRoom(*this, write);
     if (result == 0)
         result = m_calls.rename(folder, temporary.c_str(), folder, std::string(name).c_str(), 0);
     if (result < 0) {
@@ -180,15 +200,18 @@ Result<std::unique_ptr<RecordLog>> LinuxRecordStore::createLog(std::string_view 
         return *error;
     const int folder = std::get_if<Descriptor>(&opened)->number();
     const std::string fileName(name);
-    Descriptor file(m_calls, m_calls.open(folder, fileName.c_str(),
-                                          O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_NOFOLLOW, ownerOnly));
+    keepReserve();
+    Descriptor file(m_calls, withRoom(*this, [&] {
+                        constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_APPEND | O_NOFOLLOW;
+                        return m_calls.open(folder, fileName.c_str(), flags, ownerOnly);
+                    }));
     if (!file.isOpen())
         return errorFromErrno(-file.number());
     int result = m_calls.lock(file.number(), LOCK_EX | LOCK_NB);
     if (result == 0)
         result = m_calls.sync(folder);
     if (result == 0)
-        return std::make_unique<LinuxRecordLog>(m_calls, std::move(file));
+        return std::make_unique<LinuxRecordLog>(*this, m_calls, std::move(file));
     m_calls.unlink(folder, fileName.c_str(), 0);
     return errorFromErrno(-result);
 }
@@ -206,7 +229,26 @@ Result<std::unique_ptr<RecordLog>> LinuxRecordStore::adoptLog(std::string_view n
         return std::unique_ptr<RecordLog>();
     if (result < 0)
         return errorFromErrno(-result);
-    return std::make_unique<LinuxRecordLog>(m_calls, std::move(file));
+    return std::make_unique<LinuxRecordLog>(*this, m_calls, std::move(file));
+}
+
+bool LinuxRecordStore::makeRoom() {
+    const Result<Descriptor> folder = openFolder();
+    const auto* opened = std::get_if<Descriptor>(&folder);
+    return opened != nullptr && m_calls.unlink(opened->number(), reserveName, 0) == 0;
+}
+
+void LinuxRecordStore::keepReserve() {
+    const Result<Descriptor> folder = openFolder();
+    const auto* opened = std::get_if<Descriptor>(&folder);
+    FileStatus status;
+    if (opened == nullptr || m_calls.status(opened->number(), "", status) < 0 || status.owner != geteuid() ||
+        m_calls.status(opened->number(), reserveName, status) != -ENOENT)
+        return;
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+    const Descriptor file(m_calls, m_calls.open(opened->number(), reserveName, flags, ownerOnly));
+    if (file.isOpen() && m_calls.allocate(file.number(), reserveBytes) < 0)
+        m_calls.unlink(opened->number(), reserveName, 0);
 }
 
 } // namespace brimlet

@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxVolumes.h"
 
+#include "core/WholeNumber.h"
+
 #include <charconv>
 #include <dirent.h>
 #include <memory>
@@ -51,12 +53,10 @@ std::optional<VolumeInfo> LinuxVolumes::volumeInfo(const std::string& path) cons
     struct stat info {};
     if (statvfs(path.c_str(), &figures) != 0 || stat(path.c_str(), &info) != 0 || figures.f_blocks == 0)
         return std::nullopt;
-    const auto bytes = [&](fsblkcnt_t blocks) {
-        return static_cast<std::int64_t>(blocks) * static_cast<std::int64_t>(figures.f_frsize);
-    };
+    const auto bytes = [&](fsblkcnt_t blocks) { return bytesOfBlocks(blocks, figures.f_frsize); };
     const std::string label = labelOf(info.st_dev);
-    return VolumeInfo{label.empty() ? "Macintosh HD" : label, bytes(figures.f_blocks),
-                      bytes(figures.f_bavail), bytes(figures.f_bavail)};
+    return VolumeInfo{label.empty() ? m_unnamed : label, bytes(figures.f_blocks), bytes(figures.f_bavail),
+                      bytes(figures.f_bavail)};
 }
 
 } // namespace brimlet

@@ -31,6 +31,8 @@ public:
     /// 0 or a negative errno.
     int to(std::string_view path) {
         addPending(path);
+        if (isReachedAtOnce(path))
+            return 0;
         int result = restart();
         while (result == 0 && !m_pending.empty()) {
             const std::string component = std::move(m_pending.back());
@@ -44,10 +46,19 @@ public:
         std::string path;
         for (const std::string& name : m_names)
             path += "/" + name;
-        return {std::move(m_folder), path.empty() ? "/" : std::move(path)};
+        return {std::move(m_folder), path.empty() ? "/" : std::move(path), m_made};
     }
 
 private:
+    /// Tries the whole path in one call, which finds most; whatever is in its way, the walk tells.
+    bool isReachedAtOnce(std::string_view path) {
+        const int opened = m_calls.openWithoutLinks(std::string(path).c_str(), folderFlags);
+        if (opened < 0)
+            return false;
+        m_names.assign(m_pending.rbegin(), m_pending.rend());
+        return keep(opened) == 0;
+    }
+
     void addPending(std::string_view path) {
         const auto components = pathComponents(path);
         m_pending.insert(m_pending.end(), components.rbegin(), components.rend());
@@ -76,6 +87,7 @@ private:
             const int made = m_calls.makeFolder(m_folder.number(), component.c_str(), 0777);
             if (made < 0 && made != -EEXIST)
                 return made;
+            ++m_made;
             opened = m_calls.open(m_folder.number(), component.c_str(), folderFlags);
         }
         if (opened == -ENOTDIR || opened == -ELOOP)
@@ -114,6 +126,7 @@ private:
     std::vector<std::string> m_pending; // what is still to be walked, the next one last
     Descriptor m_folder;
     int m_links = 0;
+    int m_made = 0;
 };
 
 } // namespace

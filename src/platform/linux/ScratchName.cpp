@@ -1,7 +1,9 @@
 #include "platform/linux/ScratchName.h"
 
-#include <cstdint>
+#include <algorithm>
+#include <array>
 #include <random>
+#include <unistd.h>
 
 namespace brimlet {
 
@@ -12,12 +14,13 @@ constexpr std::size_t digitCount = 32;
 } // namespace
 
 std::string scratchName() {
-    std::random_device random;
+    std::array<unsigned char, digitCount / 2> bytes{};
+    if (getentropy(bytes.data(), bytes.size()) != 0)
+        std::generate(bytes.begin(), bytes.end(), std::random_device());
     std::string name(prefix);
-    while (name.size() < prefix.size() + digitCount) {
-        std::uint32_t word = random(); // a draw is dear, so each is used whole
-        for (int i = 0; i < 8; ++i, word >>= 4)
-            name += digits[word & 15];
+    for (const unsigned char byte : bytes) {
+        name += digits[byte >> 4];
+        name += digits[byte & 15];
     }
     return name;
 }

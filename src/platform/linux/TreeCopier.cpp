@@ -1,6 +1,5 @@
 #include "platform/linux/TreeCopier.h"
 
-#include "platform/linux/FileCopy.h"
 #include "platform/linux/TreeRemover.h"
 
 #include <cerrno>
@@ -15,8 +14,11 @@ constexpr int writeFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW;
 
 /// Whether a file is still what was seen of it before.
 bool isUnchanged(const FileStatus& before, const FileStatus& now) {
-    return now.isSameFile(before) && now.size == before.size &&
-           now.modified.tv_sec == before.modified.tv_sec && now.modified.tv_nsec == before.modified.tv_nsec;
+    const auto isEqual = [](const timespec& a, const timespec& b) {
+        return a.tv_sec == b.tv_sec && a.tv_nsec == b.tv_nsec;
+    };
+    return now.isSameFile(before) && now.size == before.size && isEqual(now.modified, before.modified) &&
+           isEqual(now.changed, before.changed);
 }
 } // namespace
 
@@ -25,7 +27,8 @@ TreeCopier::TreeCopier(FileSystemCalls& calls, CopyManifest& manifest)
     , m_manifest(manifest)
     , m_listing(calls)
     , m_sources(calls)
-    , m_targets(calls) {}
+    , m_targets(calls)
+    , m_sync(calls) {}
 
 Failure TreeCopier::copy(int parent, const std::string& name, int target, const std::string& newName) {
     FileStatus status;
@@ -44,6 +47,8 @@ Failure TreeCopier::copy(int parent, const std::string& name, int target, const 
             result = copyEntry(m_sources.deepest(), next, m_targets.deepest(), next);
         }
     }
+    if (result == 0)
+        result = finishCopy();
     if (result == -EXDEV)
         return mountedInside();
     return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
@@ -53,15 +58,15 @@ int TreeCopier::copyEntry(int from, const std::string& name, int to, const std::
     FileStatus status;
     if (const int result = m_calls.status(from, name.c_str(), status); result < 0)
         return result;
-    if (status.isMountPoint || status.device != m_device)
+    // An overlay's files may bear the numbers of other devices.
+    if (status.isMountPoint || (status.isFolder() && status.device != m_device))
         return -EXDEV;
     if (status.isFolder())
         return copyFolder(from, name, to, newName);
-    const int result = status.links > 1 ? copyLinked(from, name, status, to, newName)
-                                        : copyLeaf(from, name, status, to, newName);
-    if (result == 0)
-        m_manifest.add(status);
-    return result;
+    if (!m_manifest.add(status))
+        return -EBUSY;
+    return status.links > 1 ? copyLinked(from, name, status, to, newName)
+                            : copyLeaf(from, name, status, to, newName);
 }
 
 int TreeCopier::copyFolder(int from, const std::string& name, int to, const std::string& newName) {
@@ -97,11 +102,19 @@ int TreeCopier::copyFolder(int from, const std::string& name, int to, const std:
 int TreeCopier::finishFolder() {
     const FileStatus status = m_levels.back().status;
     m_levels.pop_back();
-    if (const int result = copyMetadata(m_calls, m_sources.deepest(), status, m_targets.deepest());
+    if (const int result = copyMetadata(m_calls, m_sources.deepest(), status, m_targets.deepest(), m_losses);
         result < 0)
         return result;
-    const int result = m_sources.ascend();
-    return result < 0 ? result : m_targets.ascend();
+    int result = m_sources.ascend();
+    Descriptor finished;
+    if (result == 0)
+        result = m_targets.ascend(&finished);
+    return result < 0 ? result : m_sync.addFolder(std::move(finished));
+}
+
+int TreeCopier::finishCopy() {
+    const int result = m_sync.finish();
+    return result == 0 && m_hasUnopened ? m_calls.syncFileSystem(m_target) : result;
 }
 
 int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& status, int to,
@@ -115,23 +128,24 @@ int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& st
         return result;
     if (!isUnchanged(status, opened))
         return -EBUSY;
-    const Descriptor target(m_calls, m_calls.open(to, newName.c_str(), writeFlags, S_IRUSR | S_IWUSR));
+    Descriptor target(m_calls, m_calls.open(to, newName.c_str(), writeFlags, S_IRUSR | S_IWUSR));
     if (!target.isOpen())
         return target.number();
     result = copyContents(m_calls, source.number(), target.number(), status.size);
     if (result == 0)
-        result = copyMetadata(m_calls, source.number(), status, target.number());
+        result = copyMetadata(m_calls, source.number(), status, target.number(), m_losses);
     if (result == 0)
         result = m_calls.status(source.number(), "", opened);
     if (result < 0)
         return result;
-    return isUnchanged(status, opened) ? 0 : -EBUSY;
+    return isUnchanged(status, opened) ? m_sync.addFile(std::move(target)) : -EBUSY;
 }
 
 int TreeCopier::copyLeaf(int from, const std::string& name, const FileStatus& status, int to,
                          const std::string& newName) {
     if (status.isRegularFile())
         return copyFile(from, name, status, to, newName);
+    m_hasUnopened = true;
     return status.isLink() ? copyLink(from, name, status, to, newName) : copyNode(status, to, newName);
 }
 
@@ -146,12 +160,25 @@ int TreeCopier::copyLinked(int from, const std::string& name, const FileStatus& 
         if (!m_links.isOpen())
             return m_links.number();
     }
-    const auto [first, isNew] = m_linkNames.emplace(status.inode, std::to_string(status.inode));
-    if (isNew) {
-        if (const int result = copyLeaf(from, name, status, m_links.number(), first->second); result < 0)
+    const auto known = m_linkNames.emplace(status.inode, std::to_string(status.inode));
+    const std::string& first = known.first->second;
+    if (known.second) {
+        if (const int result = copyLeaf(from, name, status, m_links.number(), first); result < 0)
             return result;
     }
-    return m_calls.makeHardLink(m_links.number(), first->second.c_str(), to, newName.c_str());
+    const auto link = [&] {
+        return m_calls.makeHardLink(m_links.number(), first.c_str(), to, newName.c_str());
+    };
+    int linked = link();
+    const auto isImpossible = [&] {
+        return linked == -EPERM || linked == -ENOTSUP || linked == -ENOSYS || linked == -EMLINK;
+    };
+    if (isImpossible())
+        linked = link();
+    if (!isImpossible())
+        return linked;
+    m_losses.hardLinks = true;
+    return copyLeaf(from, name, status, to, newName);
 }
 
 int TreeCopier::copyLink(int from, const std::string& name, const FileStatus& status, int to,
@@ -164,7 +191,7 @@ int TreeCopier::copyLink(int from, const std::string& name, const FileStatus& st
         return -EBUSY;
     destination.resize(static_cast<std::size_t>(length));
     const int result = m_calls.makeSymbolicLink(destination.c_str(), to, newName.c_str());
-    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str());
+    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str(), m_losses);
 }
 
 int TreeCopier::copyNode(const FileStatus& status, int to, const std::string& newName) {
@@ -174,7 +201,7 @@ int TreeCopier::copyNode(const FileStatus& status, int to, const std::string& ne
     // The process's mask has taken bits away.
     const Descriptor node(m_calls, m_calls.open(to, newName.c_str(), O_PATH | O_NOFOLLOW));
     result = node.isOpen() ? m_calls.setModeOfPath(node.number(), status.mode & 0777) : node.number();
-    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str());
+    return result < 0 ? result : copyMetadataByName(m_calls, status, to, newName.c_str(), m_losses);
 }
 
 } // namespace brimlet

@@ -15,6 +15,7 @@ T.Button {
     property string explanation ///< tooltip, and the description for assistive tools
     property bool menuIndicator: false
 
+    readonly property string tip: explanation
     readonly property bool filled: kind === AppButton.Primary || kind === AppButton.DestructiveFilled
     readonly property color ink: filled ? Theme.textOnAccent
                                         : kind === AppButton.Destructive ? Theme.dangerText : Theme.text
@@ -83,10 +84,5 @@ T.Button {
                 visible: control.menuIndicator
             }
         }
-    }
-
-    AppToolTip {
-        text: control.explanation
-        visible: control.hovered && control.explanation !== ""
     }
 }

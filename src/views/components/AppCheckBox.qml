@@ -50,8 +50,8 @@ T.CheckBox {
         }
         AppText {
             Layout.fillWidth: true
-            text: control.text
-            textFormat: Text.MarkdownText
+            text: control.text.replace(/\*\*(.+?)\*\*/g, "<b>$1</b>")
+            textFormat: Text.StyledText
             visible: text !== ""
             wrapMode: Text.Wrap
             Accessible.ignored: true

@@ -1,4 +1,4 @@
-// A menu that drops from a button.
+// A menu that drops from a button, which opens and closes it by `toggle`; or one that pops up where it is asked for.
 import QtQuick
 import QtQuick.Templates as T
 import QtQuick.Window
@@ -9,11 +9,20 @@ T.Menu {
 
     property real widest: 0
 
+    // A press on the button is not one outside: it would close the menu and the click open it again.
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
     implicitHeight: contentHeight + topPadding + bottomPadding
     implicitWidth: Math.max(Theme.sidebarWidth, widest) + leftPadding + rightPadding
     margins: Theme.spaceS
     overlap: 1
     padding: Theme.spaceXs
+
+    function toggle() {
+        if (opened)
+            close();
+        else
+            open();
+    }
 
     onAboutToShow: {
         let width = 0;

@@ -1,10 +1,12 @@
-// A slim bar that shows only while it is of use.
+// A slim bar that shows while there is more than fits, in the accent colour where the keyboard moves it.
 import QtQuick
 import QtQuick.Templates as T
 import Brimlet
 
 T.ScrollBar {
     id: control
+
+    property bool focused: false
 
     implicitHeight: Theme.spaceS
     implicitWidth: Theme.spaceS
@@ -13,12 +15,12 @@ T.ScrollBar {
     visible: size < 1
 
     contentItem: Rectangle {
-        color: Theme.textSecondary
+        color: control.focused ? Theme.accent : Theme.textSecondary
         implicitHeight: Theme.spaceXs
         implicitWidth: Theme.spaceXs
-        opacity: control.pressed ? 0.8 : control.active ? Theme.dimmed : 0
-        radius: width / 2
+        opacity: control.pressed || control.hovered || control.focused ? 0.8 : Theme.dimmed
+        radius: Math.min(width, height) / 2
 
-        Behavior on opacity { NumberAnimation { duration: Theme.gentle } }
+        Behavior on opacity { NumberAnimation { duration: Theme.quick } }
     }
 }

@@ -14,6 +14,8 @@ Text {
 
     color: kind === AppText.Caption ? Theme.textSecondary : Theme.text
     elide: wrapMode === Text.NoWrap ? Text.ElideRight : Text.ElideNone
+    // A text of its own direction keeps to the side where the page's texts begin.
+    horizontalAlignment: Text.AlignLeft
     font.family: figures ? Theme.figureFamily : Theme.wordFamily
     font.pixelSize: sizes[kind]
     font.weight: weights[kind]

@@ -1,4 +1,4 @@
-// Says that there is nothing here, and what can be done about it.
+// Says that there is nothing here, and why.
 import QtQuick
 import QtQuick.Layouts
 import Brimlet
@@ -8,9 +8,12 @@ Item {
 
     required property string symbol
     required property string message
-    default property alias action: actions.data
+
+    implicitHeight: column.implicitHeight
 
     ColumnLayout {
+        id: column
+
         anchors.centerIn: parent
         spacing: Theme.spaceL
         width: Math.min(parent.width - 2 * Theme.spaceXl, Theme.textMaximumWidth)
@@ -28,12 +31,6 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: empty.message
             wrapMode: Text.Wrap
-        }
-        RowLayout {
-            id: actions
-
-            Layout.alignment: Qt.AlignHCenter
-            visible: children.length > 0
         }
     }
 }

@@ -8,6 +8,8 @@ T.Button {
 
     required property string symbol
 
+    readonly property string tip: text
+
     focusPolicy: Qt.StrongFocus
     implicitHeight: Theme.iconButtonSize
     implicitWidth: Theme.iconButtonSize
@@ -35,10 +37,5 @@ T.Button {
             color: Theme.textSecondary
             symbol: control.symbol
         }
-    }
-
-    AppToolTip {
-        text: control.text
-        visible: control.hovered || control.visualFocus
     }
 }

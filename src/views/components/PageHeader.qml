@@ -20,6 +20,7 @@ RowLayout {
             Layout.fillWidth: true
             kind: AppText.Title
             text: header.title
+            wrapMode: Text.Wrap
             Accessible.role: Accessible.Heading
         }
         AppText {

@@ -20,11 +20,12 @@ AppButton {
     Accessible.name: title + ": " + text
     Accessible.role: Accessible.ComboBox
     Keys.onDownPressed: menu.open()
-    onClicked: menu.open()
+    onClicked: menu.toggle()
 
     AppMenu {
         id: menu
 
+        x: Theme.mirrored ? picker.width - width : 0
         y: picker.height + Theme.spaceXs
 
         Instantiator {

@@ -8,40 +8,12 @@ ColumnLayout {
 
     required property string progressText
     required property string detail
-    property alias spin: turning.running
 
     spacing: Theme.spaceL
 
-    Item {
+    TurningRing {
         Layout.alignment: Qt.AlignHCenter
-        Layout.preferredHeight: Theme.ringSize
-        Layout.preferredWidth: Theme.ringSize
 
-        RingArc {
-            anchors.fill: parent
-            color: Theme.track
-            endColor: Theme.track
-            thickness: Theme.ringThickness
-        }
-        RingArc {
-            id: moving
-
-            anchors.fill: parent
-            color: Theme.accent
-            endColor: Theme.secondAccent
-            span: 0.3
-            thickness: Theme.ringThickness
-
-            RotationAnimator on rotation {
-                id: turning
-
-                duration: Theme.turn
-                from: 0
-                loops: Animation.Infinite
-                running: Theme.animated && ring.visible
-                to: 360
-            }
-        }
         AppText {
             anchors.centerIn: parent
             figures: true

@@ -6,6 +6,9 @@ import Brimlet
 T.TextField {
     id: control
 
+    readonly property real symbolRoom: Theme.spaceS + Theme.iconSmall + Theme.spaceS
+    readonly property real clearRoom: clear.visible ? clear.width + Theme.spaceXs : Theme.spaceS
+
     signal edited
 
     color: Theme.text
@@ -13,9 +16,10 @@ T.TextField {
     font.pixelSize: Theme.bodySize
     implicitHeight: Theme.controlHeight
     implicitWidth: Theme.fieldWidth
-    leftPadding: Theme.spaceS + Theme.iconSmall + Theme.spaceS
+    horizontalAlignment: TextInput.AlignLeft
+    leftPadding: Theme.mirrored ? clearRoom : symbolRoom
     placeholderTextColor: Theme.textSecondary
-    rightPadding: clear.visible ? clear.width + Theme.spaceXs : Theme.spaceS
+    rightPadding: Theme.mirrored ? symbolRoom : clearRoom
     selectByMouse: true
     selectedTextColor: Theme.text
     selectionColor: Theme.selection
@@ -44,7 +48,9 @@ T.TextField {
 
     AppText {
         color: control.placeholderTextColor
+        fontSizeMode: Text.HorizontalFit
         height: parent.height
+        minimumPixelSize: Theme.smallCaptionSize
         text: control.placeholderText
         visible: control.text === "" && control.preeditText === ""
         width: parent.width - control.leftPadding - control.rightPadding

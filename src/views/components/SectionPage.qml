@@ -1,20 +1,14 @@
 // A screen that scrolls: content in one column, centred on wide windows.
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Brimlet
 
-Flickable {
+ScrollArea {
     id: page
 
     default property alias content: column.data
 
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
     contentHeight: column.implicitHeight + 2 * Theme.spaceXl
-    contentWidth: width
-
-    T.ScrollBar.vertical: AppScrollBar {}
 
     ColumnLayout {
         id: column

@@ -12,6 +12,12 @@ Rectangle {
     required property real total
     property string hovered ///< id of the part under the pointer, or of what a legend points at
 
+    /// How far the first `count` parts reach.
+    function pixelsOf(count: int): int {
+        const sum = segments.slice(0, count).reduce((all, segment) => all + segment.value, 0);
+        return total > 0 ? Math.round(width * Math.min(1, sum / total)) : 0;
+    }
+
     color: Theme.track
     implicitHeight: Theme.thickBar
     radius: height / 2
@@ -19,11 +25,8 @@ Rectangle {
     Accessible.name: qsTr("Composition")
     Accessible.role: Accessible.Chart
 
-    Row {
-        id: row
-
+    Item {
         anchors.fill: parent
-        spacing: Theme.hairline
 
         Repeater {
             model: bar.segments
@@ -35,14 +38,17 @@ Rectangle {
                 required property var modelData
 
                 // Whole pixels: a part that begins between two would show a seam.
-                readonly property real end: bar.total > 0 ? bar.segments.slice(0, index + 1).reduce(
-                    (sum, segment) => sum + segment.value, 0) / bar.total : 0
+                readonly property int begin: bar.pixelsOf(index)
+                readonly property int end: bar.pixelsOf(index + 1)
                 readonly property bool first: index === 0
                 readonly property bool last: index === bar.segments.length - 1
 
+                readonly property string tip: modelData.title + " · " + Formats.bytes(modelData.value)
+
                 height: bar.height
                 opacity: bar.hovered === "" || bar.hovered === modelData.id ? 1 : Theme.dimmed
-                width: Math.max(0, Math.round(bar.width * Math.min(1, end)) - x - (last ? 0 : Theme.hairline))
+                width: Math.max(0, end - begin - (last ? 0 : Theme.hairline))
+                x: Theme.mirrored ? bar.width - begin - width : begin
 
                 Accessible.name: modelData.title + ", " + Formats.bytes(modelData.value)
                 Accessible.role: Accessible.StaticText
@@ -64,10 +70,6 @@ Rectangle {
                 }
                 HoverHandler {
                     onHoveredChanged: bar.hovered = hovered ? part.modelData.id : ""
-                }
-                AppToolTip {
-                    text: part.modelData.title + " · " + Formats.bytes(part.modelData.value)
-                    visible: bar.hovered === part.modelData.id
                 }
             }
         }

@@ -14,6 +14,10 @@ Rectangle {
 
     signal chosen(int index)
 
+    function step(towardsEnd: bool) {
+        chosen(Math.max(0, Math.min(options.length - 1, index + (towardsEnd ? 1 : -1))));
+    }
+
     color: Theme.track
     implicitHeight: Theme.controlHeight
     implicitWidth: row.implicitWidth + 2 * Theme.spaceXs / 2
@@ -53,8 +57,8 @@ Rectangle {
                 Accessible.onPressAction: clicked()
 
                 Keys.onReturnPressed: clicked()
-                Keys.onLeftPressed: control.chosen(Math.max(0, control.index - 1))
-                Keys.onRightPressed: control.chosen(Math.min(control.options.length - 1, control.index + 1))
+                Keys.onLeftPressed: control.step(Theme.mirrored)
+                Keys.onRightPressed: control.step(!Theme.mirrored)
                 onClicked: control.chosen(index)
 
                 background: Rectangle {

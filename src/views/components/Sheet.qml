@@ -16,7 +16,10 @@ T.Popup {
     signal dismissed
     signal defaultWanted ///< the Return key, where no button has the focus
 
-    readonly property real roomHeight: parent ? parent.height * 0.8 : 0
+    // Large text may have most of a low window.
+    readonly property real roomHeight: !parent ? 0 : Math.max(parent.height * 0.8,
+                                       Math.min(parent.height - 2 * Theme.spaceXl, Theme.sheetLowHeight))
+    readonly property real contentRoom: roomHeight - foot.implicitHeight - column.spacing - topPadding - bottomPadding
 
     closePolicy: T.Popup.CloseOnEscape
     dim: true
@@ -59,6 +62,8 @@ T.Popup {
         Accessible.name: sheet.title
         Accessible.role: Accessible.Dialog
 
+        // The keys that scroll mean the content from the buttons too.
+        Keys.onPressed: event => area.scrollByKey(event)
         Keys.onEnterPressed: sheet.defaultWanted()
         Keys.onReturnPressed: sheet.defaultWanted()
 
@@ -68,30 +73,28 @@ T.Popup {
             anchors.fill: parent
             spacing: Theme.spaceXl
 
-            Flickable {
+            ScrollArea {
+                id: area
+
                 Layout.fillHeight: true
                 Layout.fillWidth: true
-                boundsBehavior: Flickable.StopAtBounds
-                clip: contentHeight > height
                 contentHeight: body.implicitHeight
-                contentWidth: width
                 implicitHeight: body.implicitHeight
-
-                T.ScrollBar.vertical: AppScrollBar {}
 
                 ColumnLayout {
                     id: body
 
                     spacing: Theme.spaceM
-                    width: parent.width
+                    width: area.width
                 }
             }
-            RowLayout {
+            FittingRow {
                 id: foot
 
                 Layout.alignment: Qt.AlignRight
-                Layout.fillWidth: false
-                spacing: Theme.spaceS
+                Layout.maximumWidth: room
+                columnSpacing: Theme.spaceS
+                room: column.width
                 visible: children.length > 0
             }
         }

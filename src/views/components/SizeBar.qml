@@ -19,6 +19,7 @@ Rectangle {
     Rectangle {
         id: fill
 
+        anchors.left: parent.left
         color: Theme.accent
         height: bar.height
         radius: bar.radius

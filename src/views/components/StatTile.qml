@@ -19,17 +19,9 @@ Card {
         Layout.fillWidth: true
         spacing: Theme.spaceS
 
-        Rectangle {
-            Layout.preferredHeight: Theme.iconButtonSize
-            Layout.preferredWidth: Theme.iconButtonSize
-            color: Theme.withAlpha(tile.tint, Theme.tint)
-            radius: Theme.radiusControl
-
-            Icon {
-                anchors.centerIn: parent
-                color: tile.tint
-                symbol: tile.symbol
-            }
+        Medallion {
+            symbol: tile.symbol
+            tint: tile.tint
         }
         AppText {
             Layout.fillWidth: true

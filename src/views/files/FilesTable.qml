@@ -24,6 +24,7 @@ ColumnLayout {
     Item {
         Layout.fillHeight: true
         Layout.fillWidth: true
+        Layout.minimumHeight: Theme.tableMinimumHeight
 
         NodeTable {
             actions: nodeActions

@@ -20,36 +20,42 @@ ColumnLayout {
 
     spacing: Theme.spaceS
 
-    RowLayout {
+    Flow {
+        id: conditions
+
+        readonly property real pickersWidth: size.implicitWidth + age.implicitWidth + 2 * spacing
+                                             + (category.visible ? category.implicitWidth + spacing : 0)
+        readonly property real searchRoom: width - pickersWidth
+
         Layout.fillWidth: true
         spacing: Theme.spaceS
 
         SearchField {
-            Layout.fillWidth: true
-            Layout.maximumWidth: 2 * Theme.fieldWidth
-            Layout.minimumWidth: Theme.columnM
             placeholderText: qsTr("Search by name (use / to search paths)")
             text: bar.filter.query
+            width: conditions.searchRoom < Theme.columnM ? conditions.width : conditions.searchRoom
 
             onEdited: bar.filter.query = text
         }
-        Item {
-            Layout.fillWidth: true
-            Layout.maximumWidth: Theme.spaceXxl * 10
-        }
         Picker {
+            id: size
+
             index: bar.filter.sizeIndex
             options: bar.filter.sizeOptions
             title: qsTr("Size")
             onChosen: index => bar.filter.sizeIndex = index
         }
         Picker {
+            id: age
+
             index: bar.filter.ageIndex
             options: bar.filter.ageOptions
             title: qsTr("Date")
             onChosen: index => bar.filter.ageIndex = index
         }
         Picker {
+            id: category
+
             index: bar.filter.bucketIndex
             options: bar.filter.bucketOptions
             title: qsTr("Category")
@@ -57,9 +63,11 @@ ColumnLayout {
             onChosen: index => bar.filter.bucketIndex = index
         }
     }
-    RowLayout {
+    GridLayout {
         Layout.fillWidth: true
-        spacing: Theme.spaceM
+        columnSpacing: Theme.spaceM
+        columns: bar.width < result.oneLine + Theme.nameColumn ? 1 : 2
+        rowSpacing: Theme.spaceS
 
         ListView {
             id: chips
@@ -70,7 +78,8 @@ ColumnLayout {
             boundsBehavior: Flickable.StopAtBounds
             clip: true
             leftMargin: Theme.focusWidth
-            model: bar.filter.kindChips.length
+            // Empty while hidden: destroying hidden delegates crashes the toolkit while a screen reader listens.
+            model: bar.showKinds ? bar.filter.kindChips.length : 0
             orientation: ListView.Horizontal
             rightMargin: Theme.focusWidth
             spacing: Theme.spaceXs
@@ -86,36 +95,51 @@ ColumnLayout {
                 text: kind.title
                 tint: kind.color
                 y: Theme.focusWidth
-                onActiveFocusChanged: {
-                    if (activeFocus)
-                        chips.positionViewAtIndex(index, ListView.Contain);
-                }
                 onClicked: bar.filter.toggleKind(index)
             }
         }
-        Chip {
-            checked: true
-            focusPolicy: Qt.NoFocus
-            removeText: qsTr("Search everywhere")
-            symbol: "folder"
-            text: bar.filter.pathPrefix
-            visible: text !== ""
-            onRemoved: bar.filter.clearPathPrefix()
-        }
-        Item {
+        Flow {
+            id: result
+
+            readonly property real oneLine: Math.ceil(place.shownWidth + found.implicitWidth + spacing
+                                                      + exportButton.shownWidth) + 1
+
+            Layout.alignment: Qt.AlignRight
             Layout.fillWidth: true
-            visible: !bar.showKinds
-        }
-        AppText {
-            color: Theme.textSecondary
-            figures: true
-            text: qsTr("%1 files · %2").arg(String(bar.resultCount)).arg(Formats.bytes(Math.max(0, bar.resultSize)))
-        }
-        AppButton {
-            symbol: "square.and.arrow.up"
-            text: qsTr("Export to CSV")
-            visible: bar.canExport
-            onClicked: bar.exportWanted()
+            Layout.maximumWidth: oneLine
+            spacing: Theme.spaceM
+
+            Chip {
+                id: place
+
+                readonly property real shownWidth: visible ? implicitWidth + result.spacing : 0
+
+                checked: true
+                focusPolicy: Qt.NoFocus
+                removeText: qsTr("Search everywhere")
+                symbol: "folder"
+                text: bar.filter.pathPrefix
+                visible: text !== ""
+                onRemoved: bar.filter.clearPathPrefix()
+            }
+            AppText {
+                id: found
+
+                color: Theme.textSecondary
+                figures: true
+                height: Theme.controlHeight
+                text: qsTr("%1 files · %2").arg(String(bar.resultCount)).arg(Formats.bytes(Math.max(0, bar.resultSize)))
+            }
+            AppButton {
+                id: exportButton
+
+                readonly property real shownWidth: visible ? implicitWidth : 0
+
+                symbol: "square.and.arrow.up"
+                text: qsTr("Export to CSV")
+                visible: bar.canExport
+                onClicked: bar.exportWanted()
+            }
         }
     }
 }

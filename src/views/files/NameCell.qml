@@ -8,7 +8,6 @@ RowLayout {
 
     required property string name
     required property string folder ///< empty for one line only
-    required property string path
     required property bool directory
     required property bool unreadable
 
@@ -16,7 +15,7 @@ RowLayout {
 
     FileIcon {
         directory: cell.directory
-        path: cell.path
+        path: cell.name
         size: Theme.fileIcon
     }
     ColumnLayout {
@@ -44,24 +43,7 @@ RowLayout {
         visible: cell.unreadable
 
         Accessible.ignored: false
-        Accessible.name: lockTip.text
+        Accessible.name: Words.unreadableFolder
         Accessible.role: Accessible.Graphic
-
-        HoverHandler {
-            id: lockHover
-        }
-        AppToolTip {
-            id: lockTip
-
-            text: qsTr("No permission to read. Grant Full Disk Access.")
-            visible: lockHover.hovered
-        }
-    }
-    HoverHandler {
-        id: nameHover
-    }
-    AppToolTip {
-        text: cell.path
-        visible: nameHover.hovered && !lockHover.hovered
     }
 }

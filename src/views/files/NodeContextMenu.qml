@@ -1,5 +1,6 @@
 // What can be done with the chosen nodes. All entries but the last act on the first of them.
 import QtQuick
+import QtQuick.Templates as T
 import Brimlet
 
 AppMenu {
@@ -8,6 +9,8 @@ AppMenu {
     required property NodeActions actions
     property QuickPreview preview: null
     readonly property int nodeCount: actions.count
+
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     onNodeCountChanged: {
         if (nodeCount === 0)
@@ -22,7 +25,7 @@ AppMenu {
         onTriggered: menu.preview.showFirst(menu.actions)
     }
     AppMenuItem {
-        text: qsTr("Show in Finder")
+        text: Words.showInFileManager
         onTriggered: menu.actions.reveal()
     }
     AppMenuItem {

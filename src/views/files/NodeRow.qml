@@ -10,7 +10,6 @@ Rectangle {
     required property int position
     required property string name
     required property string folder
-    required property string path
     required property real size
     required property real sizeFraction
     required property string share
@@ -22,7 +21,6 @@ Rectangle {
     required property string lastOpened
     required property string fileCount
     required property int risk
-    required property string riskReason
     required property bool directory
     required property bool unreadable
     required property bool selected
@@ -31,6 +29,10 @@ Rectangle {
     property bool current: false
     property bool hovered: false
     property bool showsFolder: false
+
+    function joined(texts: var): string {
+        return texts.filter(text => text !== "").join(", ");
+    }
 
     component Cell: Item {
         property real wanted: 0
@@ -61,6 +63,9 @@ Rectangle {
     radius: Theme.radiusControl
 
     Accessible.name: name + ", " + Formats.bytes(size)
+    Accessible.description: joined([badge.title, kindText, category, modified])
+    Accessible.focusable: true
+    Accessible.focused: current
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: selected
@@ -84,7 +89,6 @@ Rectangle {
                 directory: nodeRow.directory
                 folder: nodeRow.showsFolder ? nodeRow.folder : ""
                 name: nodeRow.name
-                path: nodeRow.path
                 unreadable: nodeRow.unreadable
             }
         }
@@ -160,16 +164,10 @@ Rectangle {
             wanted: nodeRow.widths.risk ?? 0
 
             RiskBadge {
+                id: badge
+
                 anchors.verticalCenter: parent.verticalCenter
                 risk: nodeRow.risk
-
-                HoverHandler {
-                    id: riskHover
-                }
-                AppToolTip {
-                    text: nodeRow.riskReason
-                    visible: riskHover.hovered
-                }
             }
         }
     }

@@ -2,7 +2,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
+import QtQuick.Window
 import Brimlet
 
 FocusScope {
@@ -36,20 +36,18 @@ FocusScope {
         actions.remove();
     }
 
-    Accessible.name: qsTr("Files")
-    Accessible.role: Accessible.Table
+    readonly property bool onScreen: visible && Window.window !== null
 
-    Flickable {
+    onOnScreenChanged: {
+        if (!onScreen)
+            preview.close();
+    }
+
+    Sideways {
         id: sideways
 
         anchors.fill: parent
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        contentHeight: height
         contentWidth: view.rowsWidth
-        interactive: false
-
-        T.ScrollBar.horizontal: AppScrollBar {}
 
         TableHeader {
             id: header
@@ -57,6 +55,7 @@ FocusScope {
             columns: view.columns
             height: Theme.controlHeight
             table: view.table
+            width: view.rowsWidth
             widths: view.widths
 
             onResized: (index, width) => view.chosenWidths = Object.assign({}, view.chosenWidths, { [index]: width })
@@ -71,6 +70,7 @@ FocusScope {
         }
         Item {
             anchors.bottom: parent.bottom
+            anchors.bottomMargin: sideways.barHeight
             anchors.top: line.bottom
             clip: true
             width: view.rowsWidth
@@ -88,25 +88,18 @@ FocusScope {
                 onMenuWanted: (x, y) => view.openMenu(x, y)
                 onPreviewWanted: event => event.accepted = view.preview.toggle(view.table)
                 onRemovalWanted: view.remove()
+                onSidewaysWanted: distance => sideways.scrollBy(distance)
             }
         }
     }
-    T.ScrollBar {
+    AppScrollBar {
         id: bar
 
         anchors.bottom: parent.bottom
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.topMargin: header.height
-        contentItem: Rectangle {
-            color: Theme.textSecondary
-            implicitWidth: Theme.spaceXs
-            opacity: bar.pressed ? 0.8 : Theme.dimmed
-            radius: width / 2
-        }
-        minimumSize: 0.06
         orientation: Qt.Vertical
-        padding: Theme.spaceXs / 2
         position: rows.contentHeight > 0 ? rows.offset / rows.contentHeight : 0
         size: rows.contentHeight > 0 ? rows.height / rows.contentHeight : 1
         visible: size < 1
@@ -123,8 +116,11 @@ FocusScope {
         preview: view.preview
     }
     Connections {
-        function onSortChanged() {
+        function onStartedOver() {
             rows.scrollTo(0);
+        }
+        function onRowWanted(row: int) {
+            rows.show(row);
         }
         function onSelectionChanged() {
             view.preview.followSelection(view.table);

@@ -27,23 +27,32 @@ Row {
             readonly property bool sortable: modelData.column !== NodeTableModel.Risk
             readonly property bool sorted: sortable && modelData.cell !== "share" && header.table.sortColumn === modelData.column
 
-            enabled: sortable
             focusPolicy: Qt.TabFocus
             height: header.height
             text: modelData.title
             width: header.widths[index]
 
             Accessible.name: text
-            Accessible.description: sorted ? (header.table.sortDescending ? qsTr("Sorted, largest first")
-                                                                          : qsTr("Sorted, smallest first")) : ""
+            Accessible.description: (sorted ? (header.table.sortDescending ? qsTr("Sorted, largest first.")
+                                                                           : qsTr("Sorted, smallest first.")) + " " : "")
+                                    + qsTr("Control with the left and right arrow changes the width.")
             Accessible.role: Accessible.ColumnHeader
             Accessible.onPressAction: clicked()
 
             Keys.onReturnPressed: clicked()
-            onClicked: header.table.sortBy(modelData.column)
+            Keys.onPressed: event => {
+                const wider = { [Qt.Key_Left]: -Theme.spaceL, [Qt.Key_Right]: Theme.spaceL }[event.key];
+                event.accepted = wider !== undefined && (event.modifiers & Qt.ControlModifier) !== 0;
+                if (event.accepted)
+                    header.resized(index, Math.max(Theme.columnMinimum, width + wider));
+            }
+            onClicked: {
+                if (sortable)
+                    header.table.sortBy(modelData.column);
+            }
 
             background: Rectangle {
-                color: title.hovered ? Theme.hover : "transparent"
+                color: title.hovered && title.sortable ? Theme.hover : "transparent"
                 radius: Theme.radiusSmall
 
                 FocusRing {
@@ -90,7 +99,7 @@ Row {
 
                 onPressed: mouse => pressedAt = mouse.x
                 onPositionChanged: mouse => header.resized(title.index, Math.max(Theme.columnMinimum,
-                                                           title.width + mouse.x - pressedAt))
+                    title.width + (Theme.mirrored ? pressedAt - mouse.x : mouse.x - pressedAt)))
 
                 Rectangle {
                     anchors.right: parent.right

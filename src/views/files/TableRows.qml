@@ -11,23 +11,60 @@ FocusScope {
     required property var widths ///< by cell
     property bool showsFolder: false
 
+    readonly property int currentRow: table.currentRow
     readonly property real offset: visibleRows.offset
     readonly property real contentHeight: visibleRows.contentHeight
     property int hoveredRow: -1
+    property string hoveredCell
+    property rect tipPlace ///< of what `tip` is about
+    readonly property string tip: table.explanation(hoveredRow, hoveredCell)
+    property Item currentItem: null ///< the current row, while it is in sight
     property string typed
 
     signal activated(int row)
     signal menuWanted(real x, real y)
     signal previewWanted(var event)
     signal removalWanted
+    signal sidewaysWanted(real distance)
+
+    activeFocusOnTab: true
 
     function scrollTo(offset: real) {
         visibleRows.offset = offset;
+    }
+    function show(row: int) {
+        visibleRows.show(row);
+    }
+    function tellRow() {
+        if (activeFocus)
+            Assistive.focus(slots.itemAt(visibleRows.slotOf(table.currentRow)));
     }
     function goTo(row: int, extend: bool) {
         table.goTo(row, extend);
         visibleRows.show(table.currentRow);
     }
+    function cellAt(x: real): string {
+        let end = 0;
+        for (const cell in widths) {
+            end += widths[cell];
+            if (x < end)
+                return cell;
+        }
+        return "";
+    }
+    function pointAt(x: real, y: real) {
+        hoveredRow = visibleRows.rowAt(y);
+        hoveredCell = cellAt(Theme.mirrored ? width - x : x);
+        tipPlace = Qt.rect(x, hoveredRow * visibleRows.rowHeight - offset, 1, visibleRows.rowHeight);
+    }
+
+    Accessible.name: qsTr("Files")
+    Accessible.role: Accessible.List
+    Accessible.focusable: true
+
+    // Once the row is in sight, and says what it shows now.
+    onActiveFocusChanged: Qt.callLater(tellRow) // qmllint disable
+    onCurrentRowChanged: Qt.callLater(tellRow) // qmllint disable
 
     RowWindow {
         id: visibleRows
@@ -37,10 +74,26 @@ FocusScope {
         source: view.table
     }
     Repeater {
+        id: slots
+
         model: visibleRows
 
         NodeRow {
-            current: view.activeFocus && row === view.table.currentRow
+            readonly property bool marked: row === view.table.currentRow
+            readonly property string tip: current ? view.table.explanation(row, "name") + "\n"
+                                                    + view.table.explanation(row, "risk") : ""
+
+            function tellMarked() {
+                if (marked)
+                    view.currentItem = this;
+                else if (view.currentItem === this)
+                    view.currentItem = null;
+            }
+
+            onMarkedChanged: tellMarked()
+            Component.onCompleted: tellMarked()
+
+            current: view.activeFocus && marked
             height: visibleRows.rowHeight
             hovered: row === view.hoveredRow
             showsFolder: view.showsFolder
@@ -49,17 +102,16 @@ FocusScope {
             y: position
         }
     }
-    // Around the rows, not over them: a row's own handlers show what its cells have to say.
     HoverHandler {
         id: over
 
         onHoveredChanged: {
             if (!hovered)
-                view.hoveredRow = -1;
+                view.pointAt(-1, -1);
         }
         onPointChanged: {
             if (hovered)
-                view.hoveredRow = visibleRows.rowAt(point.position.y);
+                view.pointAt(point.position.x, point.position.y);
         }
     }
     MouseArea {
@@ -96,9 +148,12 @@ FocusScope {
             if (event.button === Qt.LeftButton && pressedRow >= 0)
                 view.activated(view.table.firstSelectedRow());
         }
+        // At an end the page around the table has the wheel.
         onWheel: event => {
-            view.scrollTo(visibleRows.offset - (event.pixelDelta.y !== 0 ? event.pixelDelta.y : event.angleDelta.y));
-            view.hoveredRow = visibleRows.rowAt(event.y);
+            const before = visibleRows.offset;
+            view.scrollTo(before - (event.pixelDelta.y !== 0 ? event.pixelDelta.y : event.angleDelta.y));
+            view.pointAt(event.x, event.y);
+            event.accepted = visibleRows.offset !== before;
         }
     }
     Timer {
@@ -126,6 +181,8 @@ FocusScope {
             goTo(0, extend);
         else if (event.key === Qt.Key_End)
             goTo(table.count - 1, extend);
+        else if (event.key === Qt.Key_Left || event.key === Qt.Key_Right)
+            sidewaysWanted(event.key === Qt.Key_Left ? -Theme.columnS : Theme.columnS);
         else if (event.key === Qt.Key_A && control)
             table.selectAll();
         else if (event.key === Qt.Key_Escape && table.selectedCount > 0)

@@ -11,10 +11,10 @@ Item {
     AmbientBackground {
         anchors.fill: parent
     }
-    ColumnLayout {
-        anchors.centerIn: parent
+    StagePage {
+        anchors.fill: parent
+        maximumWidth: Theme.textMaximumWidth
         spacing: Theme.spaceM
-        width: Math.min(parent.width - 2 * Theme.spaceXl, Theme.textMaximumWidth)
 
         Icon {
             Layout.alignment: Qt.AlignHCenter

@@ -18,22 +18,16 @@ StagePage {
         running: Theme.animated
         to: 1
     }
-    Rectangle {
+    Medallion {
         Layout.alignment: Qt.AlignHCenter
         Layout.bottomMargin: Theme.spaceS
-        Layout.preferredHeight: Theme.medallion * 1.25
-        Layout.preferredWidth: Theme.medallion * 1.25
-        color: Theme.withAlpha(Theme.safe, Theme.tint)
         opacity: Math.min(1, stage.appear)
-        radius: width / 2
+        round: true
         scale: 0.6 + 0.4 * stage.appear
-
-        Icon {
-            anchors.centerIn: parent
-            color: Theme.safe
-            size: Theme.medallion * 0.7
-            symbol: "checkmark.circle.fill"
-        }
+        size: Theme.medallion * 1.25
+        symbol: "checkmark.circle.fill"
+        symbolSize: Theme.medallion * 0.7
+        tint: Theme.safe
     }
     AppText {
         Layout.fillWidth: true
@@ -62,17 +56,19 @@ StagePage {
             }
         }
     }
-    RowLayout {
+    FittingRow {
         Layout.alignment: Qt.AlignHCenter
         Layout.topMargin: Theme.spaceM
-        spacing: Theme.spaceM
+        room: stage.width - 2 * Theme.spaceXl
 
         AppButton {
+            Layout.fillWidth: true
             large: true
             text: qsTr("See What Else Is Using Space")
             onClicked: stage.model.showWhatElseUsesSpace()
         }
         PrimaryButton {
+            Layout.fillWidth: true
             focus: true
             large: true
             text: qsTr("Done")

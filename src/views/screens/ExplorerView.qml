@@ -21,16 +21,13 @@ FocusScope {
     }
     ScanPrompt {
         anchors.fill: parent
-        message: qsTr("Browse folder by folder sorted by size, like a Finder that shows what everything really takes up.")
+        message: Words.scanPromptOfExplorer
         title: qsTr("Folder explorer")
         visible: explorerModel.isEmpty
     }
-    ColumnLayout {
+    TablePage {
         anchors.fill: parent
-        anchors.margins: Theme.spaceXl
-        anchors.bottomMargin: 0
-        anchors.topMargin: Theme.spaceL
-        spacing: Theme.spaceL
+        topGap: Theme.spaceL
         visible: !explorerModel.isEmpty
 
         RowLayout {
@@ -50,38 +47,53 @@ FocusScope {
             }
             AppButton {
                 symbol: "arrow.up.forward.app"
-                text: qsTr("Show in Finder")
+                text: Words.showInFileManager
                 onClicked: explorerModel.revealCurrent()
             }
         }
-        RowLayout {
+        GridLayout {
             Layout.fillWidth: true
-            spacing: Theme.spaceM
+            columnSpacing: Theme.spaceM
+            columns: figures.implicitWidth + modes.implicitWidth + Theme.columnL > width ? 1 : 2
+            rowSpacing: Theme.spaceS
 
-            AppText {
+            RowLayout {
                 Layout.fillWidth: true
-                Layout.maximumWidth: implicitWidth + 1
-                elide: Text.ElideMiddle
-                kind: AppText.Title
-                text: explorerModel.title
-                Accessible.role: Accessible.Heading
-            }
-            AppText {
-                Layout.alignment: Qt.AlignBaseline
-                color: Theme.textSecondary
-                figures: true
-                kind: AppText.Heading
-                text: Formats.bytes(explorerModel.size)
-            }
-            AppText {
-                Layout.alignment: Qt.AlignBaseline
-                color: Theme.textSecondary
-                text: qsTr("%1 files").arg(Formats.count(explorerModel.fileCount))
-            }
-            Item {
-                Layout.fillWidth: true
+                spacing: Theme.spaceM
+
+                AppText {
+                    Layout.fillWidth: true
+                    Layout.maximumWidth: implicitWidth + 1
+                    elide: Text.ElideMiddle
+                    kind: AppText.Title
+                    text: explorerModel.title
+                    Accessible.role: Accessible.Heading
+                }
+                RowLayout {
+                    id: figures
+
+                    spacing: Theme.spaceM
+
+                    AppText {
+                        Layout.alignment: Qt.AlignBaseline
+                        color: Theme.textSecondary
+                        figures: true
+                        kind: AppText.Heading
+                        text: Formats.bytes(explorerModel.size)
+                    }
+                    AppText {
+                        Layout.alignment: Qt.AlignBaseline
+                        color: Theme.textSecondary
+                        text: qsTr("%1 files").arg(Formats.count(explorerModel.fileCount))
+                    }
+                }
+                Item {
+                    Layout.fillWidth: true
+                }
             }
             SegmentedControl {
+                id: modes
+
                 index: explorerModel.showsMap ? 1 : 0
                 options: [
                     { text: qsTr("List"), symbol: "list.bullet" },
@@ -106,6 +118,7 @@ FocusScope {
         MapPane {
             Layout.fillHeight: true
             Layout.fillWidth: true
+            Layout.minimumHeight: Theme.mapMinimumHeight
             explorer: explorerModel
             focus: explorerModel.showsMap
             visible: explorerModel.showsMap

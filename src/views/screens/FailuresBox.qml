@@ -23,11 +23,14 @@ Card {
 
         Layout.fillWidth: true
         Layout.preferredHeight: Math.min(contentHeight, Theme.tallRowHeight * 3.5)
-        activeFocusOnTab: contentHeight > height
+        activeFocusOnTab: true
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         model: failures
+        highlightFollowsCurrentItem: false
         reuseItems: true
+
+        onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
 
         Accessible.name: box.heading
         Accessible.role: Accessible.List
@@ -40,12 +43,13 @@ Card {
             required property string path
             required property string reason
 
-            height: Theme.tallRowHeight
+            height: Math.max(Theme.tallRowHeight, texts.implicitHeight + Theme.spaceS)
             spacing: Theme.spaceM
             width: list.width
 
             Accessible.name: path
             Accessible.description: reason
+            Accessible.focusable: true
             Accessible.role: Accessible.ListItem
 
             Icon {
@@ -53,6 +57,8 @@ Card {
                 symbol: "xmark.octagon.fill"
             }
             ColumnLayout {
+                id: texts
+
                 Layout.fillWidth: true
                 spacing: Theme.spaceXs / 2
 
@@ -66,6 +72,7 @@ Card {
                     Layout.fillWidth: true
                     kind: AppText.Caption
                     text: row.reason
+                    wrapMode: Text.Wrap
                     Accessible.ignored: true
                 }
             }

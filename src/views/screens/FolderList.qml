@@ -27,6 +27,7 @@ ColumnLayout {
     Item {
         Layout.fillHeight: true
         Layout.fillWidth: true
+        Layout.minimumHeight: Theme.tableMinimumHeight
 
         NodeTable {
             actions: nodeActions
@@ -51,7 +52,7 @@ ColumnLayout {
             anchors.fill: parent
             message: qsTr("No folder and no large file lies directly in here.")
             symbol: "folder"
-            visible: folder.count === 0
+            visible: folder.ready && folder.count === 0
         }
     }
     AppText {

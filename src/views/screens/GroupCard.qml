@@ -19,17 +19,9 @@ Card {
         Layout.fillWidth: true
         spacing: Theme.spaceM
 
-        Rectangle {
-            Layout.preferredHeight: Theme.iconButtonSize
-            Layout.preferredWidth: Theme.iconButtonSize
-            color: Theme.withAlpha(Theme.accent, Theme.tint)
-            radius: Theme.radiusControl
-
-            Icon {
-                anchors.centerIn: parent
-                color: Theme.accentText
-                symbol: card.symbol
-            }
+        Medallion {
+            ink: Theme.accentText
+            symbol: card.symbol
         }
         AppText {
             Layout.fillWidth: true
@@ -79,6 +71,8 @@ Card {
                     spacing: Theme.spaceM
 
                     AppCheckBox {
+                        readonly property string tip: explanation.truncated ? explanation.text : ""
+
                         name: row.modelData.title
                         tick: row.ticked ? 2 : 0
                         Accessible.description: row.modelData.explanation
@@ -93,9 +87,13 @@ Card {
                         AppText {
                             Layout.fillWidth: true
                             kind: AppText.Strong
+                            lineHeight: 1
                             text: row.modelData.title
+                            wrapMode: Text.Wrap
                         }
                         AppText {
+                            id: explanation
+
                             Layout.fillWidth: true
                             elide: Text.ElideRight
                             kind: AppText.Caption

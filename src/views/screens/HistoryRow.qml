@@ -26,6 +26,7 @@ Rectangle {
 
     Accessible.name: name + ", " + Formats.bytes(size) + ", " + method
     Accessible.description: date + ", " + place
+    Accessible.focusable: true
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: selected

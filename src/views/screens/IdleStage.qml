@@ -1,6 +1,7 @@
 // The first thing a user sees: how full the disk is, and one button.
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Window
 import Brimlet
 import Brimlet.App
 
@@ -10,9 +11,11 @@ StagePage {
     readonly property SmartCleanModel model: SmartCleanModel { state: App }
     property real pulse
 
+    // Some breaths each time that someone comes to look; then the screen rests.
     SequentialAnimation on pulse {
-        loops: Animation.Infinite
-        running: Theme.animated && stage.visible
+        objectName: "breathing"
+        loops: 3
+        running: Theme.animated && stage.visible && stage.Window.active
 
         NumberAnimation { duration: Theme.breath; easing.type: Easing.InOutSine; from: 0; to: 1 }
         NumberAnimation { duration: Theme.breath; easing.type: Easing.InOutSine; from: 1; to: 0 }
@@ -105,7 +108,7 @@ StagePage {
                 Layout.preferredWidth: 1
                 symbol: "lock.fill"
                 tint: Theme.secondAccent
-                title: qsTr("Everything stays on your Mac")
+                title: Words.staysHere
             }
         }
     }

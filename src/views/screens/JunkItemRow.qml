@@ -15,6 +15,8 @@ Rectangle {
     required property int tick
     property bool focusShown: false
 
+    readonly property string tip: path
+
     signal menuWanted
     signal ticked
 
@@ -23,7 +25,10 @@ Rectangle {
     radius: Theme.radiusControl
 
     Accessible.name: title + ", " + Formats.bytes(size)
+    Accessible.checkable: true
+    Accessible.checked: tick === 2
     Accessible.description: path
+    Accessible.focusable: true
     Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: tick === 2
@@ -72,9 +77,5 @@ Rectangle {
     TapHandler {
         acceptedButtons: Qt.RightButton
         onTapped: row.menuWanted()
-    }
-    AppToolTip {
-        text: row.path
-        visible: pointer.hovered
     }
 }

@@ -24,7 +24,11 @@ Item {
     implicitHeight: Math.max(Theme.ruleRowHeight, texts.implicitHeight + 2 * Theme.spaceM) + Theme.spaceS
 
     Accessible.name: title + ", " + figures.text
-    Accessible.description: detail + " " + removal
+    Accessible.checkable: count > 0
+    Accessible.checkStateMixed: tick === 1
+    Accessible.checked: tick === 2
+    Accessible.description: badge.title + ". " + detail + " " + removal
+    Accessible.focusable: true
     Accessible.role: Accessible.ListItem
     Accessible.onPressAction: row.opened(!row.expanded)
 
@@ -64,7 +68,7 @@ Item {
         }
         Icon {
             color: Theme.textSecondary
-            rotation: row.expanded ? 90 : 0
+            rotation: !row.expanded ? 0 : Theme.mirrored ? -90 : 90
             size: Theme.iconSmall
             symbol: "chevron.right"
 
@@ -81,11 +85,15 @@ Item {
                 spacing: Theme.spaceS
 
                 AppText {
+                    Layout.fillWidth: true
+                    Layout.maximumWidth: implicitWidth + 1
                     kind: AppText.Strong
                     text: row.title
                     Accessible.ignored: true
                 }
                 RiskBadge {
+                    id: badge
+
                     risk: row.risk
                 }
                 Item {
@@ -96,6 +104,7 @@ Item {
                 Layout.fillWidth: true
                 kind: AppText.Caption
                 text: row.detail
+                wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
             AppText {
@@ -103,6 +112,7 @@ Item {
                 color: row.risk === 1 ? Theme.reviewText : Theme.textSecondary
                 kind: AppText.Caption
                 text: row.removal
+                wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
         }

@@ -11,7 +11,7 @@ import Brimlet.App
 FocusScope {
     id: view
 
-    readonly property bool empty: list.count === 0
+    readonly property bool empty: junk.isEmpty
 
     Component.onCompleted: {
         if (empty && !App.junkLoading)
@@ -21,17 +21,13 @@ FocusScope {
     JunkModel {
         id: junk
 
-        property real scrolled: 0
-
         state: App
-
-        // A new list keeps the place that the user was reading.
-        onModelAboutToBeReset: scrolled = list.contentY - list.originY
-        onModelReset: list.scrollTo(scrolled)
     }
-    ColumnLayout {
+    TablePage {
         anchors.fill: parent
+        sideGap: 0
         spacing: 0
+        topGap: 0
 
         PageHeader {
             Layout.fillWidth: true
@@ -58,6 +54,7 @@ FocusScope {
 
             Layout.fillHeight: true
             Layout.fillWidth: true
+            Layout.minimumHeight: Theme.tableMinimumHeight
             activeFocusOnTab: true
             bottomMargin: Theme.spaceXl
             boundsBehavior: Flickable.StopAtBounds
@@ -78,9 +75,9 @@ FocusScope {
             Accessible.role: Accessible.List
 
             Keys.onDownPressed: stopAt(junk.stopFrom(currentIndex + 1, 1))
-            Keys.onLeftPressed: junk.setExpanded(currentIndex, false)
+            Keys.onLeftPressed: junk.setExpanded(currentIndex, Theme.mirrored)
             Keys.onReturnPressed: toggleExpanded()
-            Keys.onRightPressed: junk.setExpanded(currentIndex, true)
+            Keys.onRightPressed: junk.setExpanded(currentIndex, !Theme.mirrored)
             Keys.onSpacePressed: junk.toggleTick(currentIndex)
             Keys.onMenuPressed: openMenu(currentIndex)
             Keys.onUpPressed: stopAt(junk.stopFrom(currentIndex - 1, -1))
@@ -107,10 +104,6 @@ FocusScope {
 
             function toggleExpanded() {
                 junk.setExpanded(currentIndex, !(currentItem as JunkRuleRow)?.expanded);
-            }
-
-            function scrollTo(distance: real) {
-                contentY = originY + Math.max(0, Math.min(distance, contentHeight - height));
             }
 
             function openMenu(row: int) {
@@ -159,7 +152,8 @@ FocusScope {
 
                         color: Theme.textSecondary
                         height: Theme.rowHeight
-                        leftPadding: Theme.junkIndent
+                        leftPadding: Theme.mirrored ? 0 : Theme.junkIndent
+                        rightPadding: Theme.mirrored ? Theme.junkIndent : 0
                         text: title
                         width: list.rowWidth
                     }
@@ -169,7 +163,7 @@ FocusScope {
         EmptyState {
             Layout.fillHeight: true
             Layout.fillWidth: true
-            message: App.junkLoading ? qsTr("Searching…") : qsTr("Your Mac is clean. No junk found.")
+            message: App.junkLoading ? qsTr("Searching…") : Words.nothingFound
             symbol: App.junkLoading ? "magnifyingglass" : "checkmark.shield.fill"
             visible: view.empty
         }
@@ -187,8 +181,10 @@ FocusScope {
 
         property int row: -1
 
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+
         AppMenuItem {
-            text: qsTr("Show in Finder")
+            text: Words.showInFileManager
             onTriggered: junk.reveal(menu.row)
         }
     }

@@ -24,11 +24,8 @@ FocusScope {
         title: qsTr("Large and old files")
         visible: !App.hasScan
     }
-    ColumnLayout {
+    TablePage {
         anchors.fill: parent
-        anchors.margins: Theme.spaceXl
-        anchors.bottomMargin: 0
-        spacing: Theme.spaceL
         visible: App.hasScan
 
         PageHeader {

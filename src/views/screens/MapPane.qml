@@ -81,7 +81,7 @@ RowLayout {
     MapSidePanel {
         Layout.bottomMargin: Theme.spaceXl
         Layout.fillHeight: true
-        Layout.preferredWidth: Theme.sidePanelWidth
+        Layout.preferredWidth: Math.min(Theme.sidePanelWidth, Math.max(Theme.sidePanelLeast, pane.width * 0.42))
         map: map
     }
 }

@@ -16,96 +16,105 @@ Card {
 
         map: panel.map
     }
-    RowLayout {
-        Layout.fillWidth: true
-        spacing: Theme.spaceM
+    ScrollArea {
+        id: area
 
-        FileIcon {
-            directory: node.directory
-            path: node.path
-            size: Theme.iconHuge
-        }
-        ColumnLayout {
-            Layout.fillWidth: true
-            spacing: 0
-
-            AppText {
-                Layout.fillWidth: true
-                elide: Text.ElideMiddle
-                kind: AppText.Heading
-                text: node.name
-            }
-            AppText {
-                Layout.fillWidth: true
-                color: Theme.textSecondary
-                text: node.category
-            }
-        }
-    }
-    RowLayout {
-        Layout.fillWidth: true
-
-        AppText {
-            Layout.fillWidth: true
-            figures: true
-            kind: AppText.Title
-            text: Formats.bytes(node.size)
-        }
-        RiskBadge {
-            risk: node.risk
-
-            HoverHandler {
-                id: riskHover
-            }
-            AppToolTip {
-                text: node.riskReason
-                visible: riskHover.hovered
-            }
-        }
-    }
-    AppText {
-        Layout.fillWidth: true
-        elide: Text.ElideMiddle
-        kind: AppText.Caption
-        text: node.path
-    }
-    AppText {
-        Layout.fillWidth: true
-        Layout.topMargin: Theme.spaceS
-        font.weight: Font.DemiBold
-        text: qsTr("Largest items")
-        visible: node.largest.length > 0
-    }
-    Repeater {
-        model: node.largest
-
-        RowLayout {
-            id: row
-
-            required property var modelData
-
-            Layout.fillWidth: true
-            spacing: Theme.spaceS
-
-            LegendDot {
-                color: row.modelData.color
-                implicitHeight: Theme.smallDot
-                implicitWidth: Theme.smallDot
-            }
-            AppText {
-                Layout.fillWidth: true
-                elide: Text.ElideMiddle
-                text: row.modelData.name
-            }
-            AppText {
-                color: Theme.textSecondary
-                figures: true
-                text: Formats.bytes(row.modelData.size)
-            }
-        }
-    }
-    Item {
         Layout.fillHeight: true
+        Layout.fillWidth: true
+        contentHeight: words.implicitHeight
+
+        Accessible.name: qsTr("About %1").arg(node.name)
+        Accessible.role: Accessible.Pane
+
+        ColumnLayout {
+            id: words
+
+            spacing: Theme.spaceM
+            width: area.width
+
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.spaceM
+
+                FileIcon {
+                    directory: node.directory
+                    path: node.path
+                    size: Theme.iconHuge
+                }
+                ColumnLayout {
+                    Layout.fillWidth: true
+                    spacing: 0
+
+                    AppText {
+                        Layout.fillWidth: true
+                        elide: Text.ElideMiddle
+                        kind: AppText.Heading
+                        text: node.name
+                    }
+                    AppText {
+                        Layout.fillWidth: true
+                        color: Theme.textSecondary
+                        text: node.category
+                    }
+                }
+            }
+            Flow {
+                Layout.fillWidth: true
+                spacing: Theme.spaceS
+
+                AppText {
+                    figures: true
+                    kind: AppText.Title
+                    text: Formats.bytes(node.size)
+                }
+                RiskBadge {
+                    readonly property string tip: node.riskReason
+
+                    risk: node.risk
+                }
+            }
+            AppText {
+                Layout.fillWidth: true
+                elide: Text.ElideMiddle
+                kind: AppText.Caption
+                text: node.path
+            }
+            AppText {
+                Layout.fillWidth: true
+                Layout.topMargin: Theme.spaceS
+                font.weight: Font.DemiBold
+                text: qsTr("Largest items")
+                visible: node.largest.length > 0
+            }
+            Repeater {
+                model: node.largest
+
+                RowLayout {
+                    id: row
+
+                    required property var modelData
+
+                    Layout.fillWidth: true
+                    spacing: Theme.spaceS
+
+                    LegendDot {
+                        color: row.modelData.color
+                        implicitHeight: Theme.smallDot
+                        implicitWidth: Theme.smallDot
+                    }
+                    AppText {
+                        Layout.fillWidth: true
+                        elide: Text.ElideMiddle
+                        text: row.modelData.name
+                    }
+                    AppText {
+                        color: Theme.textSecondary
+                        figures: true
+                        text: Formats.bytes(row.modelData.size)
+                    }
+                }
+            }
+        }
     }
     AppText {
         Layout.fillWidth: true

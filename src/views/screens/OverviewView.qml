@@ -14,7 +14,7 @@ Item {
     }
     ScanPrompt {
         anchors.fill: parent
-        message: qsTr("Scan your Mac to see what takes up space and what can be cleaned safely.")
+        message: Words.scanPromptOfOverview
         title: qsTr("See where your space goes")
         visible: !App.hasScan
     }

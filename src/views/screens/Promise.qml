@@ -12,17 +12,9 @@ RowLayout {
 
     spacing: Theme.spaceM
 
-    Rectangle {
-        Layout.preferredHeight: Theme.iconButtonSize
-        Layout.preferredWidth: Theme.iconButtonSize
-        color: Theme.withAlpha(row.tint, Theme.tint)
-        radius: Theme.radiusControl
-
-        Icon {
-            anchors.centerIn: parent
-            color: row.tint
-            symbol: row.symbol
-        }
+    Medallion {
+        symbol: row.symbol
+        tint: row.tint
     }
     AppText {
         Layout.fillWidth: true

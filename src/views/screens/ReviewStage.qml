@@ -80,7 +80,7 @@ FocusScope {
         EmptyState {
             Layout.fillHeight: true
             Layout.fillWidth: true
-            message: qsTr("Your Mac is clean. No junk found.")
+            message: Words.nothingFound
             symbol: "checkmark.shield.fill"
             visible: cards.count === 0
         }
@@ -89,26 +89,31 @@ FocusScope {
             Layout.preferredHeight: Theme.hairline
             color: Theme.cardBorder
         }
-        RowLayout {
+        FittingRow {
+            id: foot
+
             Layout.fillWidth: true
             Layout.leftMargin: Theme.spaceXl
             Layout.rightMargin: Theme.spaceXl
             Layout.topMargin: Theme.spaceM
             Layout.bottomMargin: Theme.spaceM
-            spacing: Theme.spaceS
+            room: stage.width - 2 * Theme.spaceXl
 
-            AppButton {
-                text: qsTr("Start Over")
-                onClicked: App.smartPhase = "idle"
-            }
-            AppButton {
-                text: qsTr("See Details")
-                onClicked: App.section = "junk"
-            }
-            Item {
-                Layout.fillWidth: true
+            RowLayout {
+                spacing: Theme.spaceS
+
+                AppButton {
+                    text: qsTr("Start Over")
+                    onClicked: App.smartPhase = "idle"
+                }
+                AppButton {
+                    text: qsTr("See Details")
+                    onClicked: App.section = "junk"
+                }
             }
             PrimaryButton {
+                Layout.alignment: Qt.AlignRight
+                Layout.fillWidth: foot.stacked
                 enabled: stage.canClean
                 large: true
                 symbol: "sparkles"

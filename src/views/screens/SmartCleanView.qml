@@ -24,6 +24,7 @@ FocusScope {
             Layout.bottomMargin: Theme.spaceL
             Layout.topMargin: Theme.spaceXl
             phase: clean.steps
+            room: view.width - 2 * Theme.spaceXl
         }
         FocusScope {
             Layout.fillHeight: true
@@ -31,25 +32,29 @@ FocusScope {
             focus: true
 
             StageLoader {
+                announcement: qsTr("Free up space safely")
                 phase: "idle"
                 sourceComponent: IdleStage {}
             }
             StageLoader {
+                announcement: qsTr("Looking for files you don’t need…")
                 phase: "scanning"
                 sourceComponent: WorkingStage {
                     focus: true
-                    subtitle: qsTr("Caches, logs, Trash, Xcode leftovers, Mail attachments…")
+                    subtitle: Words.cleaningCovers
                     symbol: "magnifyingglass"
                     title: qsTr("Looking for files you don’t need…")
                 }
             }
             StageLoader {
+                announcement: qsTr("%1 ready to clean").arg(Formats.bytes(clean.selectedSize))
                 phase: "review"
                 sourceComponent: ReviewStage {
                     focus: true
                 }
             }
             StageLoader {
+                announcement: qsTr("Cleaning…")
                 phase: "cleaning"
                 sourceComponent: WorkingStage {
                     focus: true
@@ -58,6 +63,7 @@ FocusScope {
                 }
             }
             StageLoader {
+                announcement: clean.cleanedLine
                 phase: "done"
                 sourceComponent: DoneStage {}
             }

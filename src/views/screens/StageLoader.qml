@@ -1,30 +1,12 @@
-// Holds one stage of Quick Clean while its phase is on.
-import QtQuick
+// Holds one stage of Quick Clean while its phase is on, and has its beginning read out.
 import Brimlet
 import Brimlet.App
 
-Loader {
-    id: loader
-
+FadingLoader {
     required property string phase
+    required property string announcement
 
     active: App.smartPhase === phase
-    anchors.fill: parent
-    focus: active
 
-    onLoaded: {
-        if (Theme.animated)
-            entering.restart();
-    }
-
-    NumberAnimation {
-        id: entering
-
-        duration: Theme.gentle
-        easing.type: Easing.OutCubic
-        from: 0
-        property: "opacity"
-        target: loader
-        to: 1
-    }
+    onLoaded: Assistive.say(announcement)
 }

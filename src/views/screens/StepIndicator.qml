@@ -9,6 +9,7 @@ RowLayout {
     id: indicator
 
     required property var phase ///< of each step: "ahead", "present" or "finished"
+    required property real room ///< where it is too little, only the present step tells its name
 
     readonly property var labels: [qsTr("Scan"), qsTr("Review"), qsTr("Clean")]
 
@@ -75,6 +76,7 @@ RowLayout {
                 color: step.ahead ? Theme.textSecondary : Theme.text
                 kind: AppText.Strong
                 text: step.modelData
+                visible: indicator.room >= Theme.stepsWidth || step.stepState === "present"
                 Accessible.ignored: true
             }
         }

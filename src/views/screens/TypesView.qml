@@ -32,11 +32,8 @@ FocusScope {
         title: qsTr("Files by type")
         visible: !App.hasScan
     }
-    ColumnLayout {
+    TablePage {
         anchors.fill: parent
-        anchors.margins: Theme.spaceXl
-        anchors.bottomMargin: 0
-        spacing: Theme.spaceL
         visible: App.hasScan
 
         PageHeader {
@@ -63,10 +60,6 @@ FocusScope {
 
                 selected: kind === view.kind
                 y: Theme.spaceXs
-                onActiveFocusChanged: {
-                    if (activeFocus)
-                        tiles.positionViewAtIndex(index, ListView.Contain);
-                }
                 onClicked: view.kind = kind
             }
         }

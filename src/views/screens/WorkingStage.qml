@@ -10,37 +10,15 @@ StagePage {
     required property string subtitle
     property string symbol: "sparkles"
 
-    Item {
+    TurningRing {
         Layout.alignment: Qt.AlignHCenter
         Layout.bottomMargin: Theme.spaceL
-        implicitHeight: Theme.ringSize
-        implicitWidth: Theme.ringSize
 
         Rectangle {
             anchors.fill: parent
             color: Theme.card
             radius: width / 2
-        }
-        RingArc {
-            anchors.fill: parent
-            color: Theme.track
-            endColor: Theme.track
-            thickness: Theme.ringThickness
-        }
-        RingArc {
-            anchors.fill: parent
-            color: Theme.accent
-            endColor: Theme.secondAccent
-            span: 0.3
-            thickness: Theme.ringThickness
-
-            RotationAnimator on rotation {
-                duration: Theme.turn
-                from: 0
-                loops: Animation.Infinite
-                running: Theme.animated && stage.visible
-                to: 360
-            }
+            z: -1
         }
         Icon {
             anchors.centerIn: parent

@@ -13,7 +13,7 @@ Sheet {
     readonly property var steps: [
         qsTr("Click “Open Settings”."),
         qsTr("Under “Full Disk Access”, turn on **Brimlet** (or add it with +)."),
-        qsTr("If macOS asks, choose “Quit & Reopen”.")
+        Words.accessRestart
     ]
 
     shown: App.showAccessOnboarding
@@ -21,19 +21,12 @@ Sheet {
 
     onDismissed: App.closeAccessOnboarding()
 
-    Rectangle {
+    Medallion {
         Layout.alignment: Qt.AlignHCenter
-        Layout.preferredHeight: Theme.medallion
-        Layout.preferredWidth: Theme.medallion
-        color: Theme.withAlpha(Theme.accent, Theme.tint)
-        radius: width / 2
-
-        Icon {
-            anchors.centerIn: parent
-            color: Theme.accent
-            size: Theme.iconHuge
-            symbol: "externaldrive.fill.badge.checkmark"
-        }
+        round: true
+        size: Theme.medallion
+        symbol: "externaldrive.fill.badge.checkmark"
+        symbolSize: Theme.iconHuge
     }
     AppText {
         Layout.fillWidth: true
@@ -48,7 +41,7 @@ Sheet {
         Layout.fillWidth: true
         color: Theme.textSecondary
         horizontalAlignment: Text.AlignHCenter
-        text: qsTr("macOS protects folders like Mail, Messages, Safari and app data. Without this permission sizes are incomplete and macOS will ask you folder by folder.")
+        text: Words.accessReason
         wrapMode: Text.Wrap
     }
     Repeater {
@@ -102,7 +95,7 @@ Sheet {
         AppText {
             Layout.fillWidth: true
             color: Theme.textSecondary
-            text: qsTr("Brimlet only reads names and sizes. Nothing leaves your Mac.")
+            text: Words.onlyNamesAndSizes
             wrapMode: Text.Wrap
         }
     }

@@ -25,19 +25,13 @@ Sheet {
         Layout.fillWidth: true
         spacing: Theme.spaceL
 
-        Rectangle {
+        Medallion {
             Layout.alignment: Qt.AlignTop
-            Layout.preferredHeight: Theme.tallRowHeight
-            Layout.preferredWidth: Theme.tallRowHeight
-            color: Theme.withAlpha(Theme.danger, Theme.tint)
-            radius: width / 2
-
-            Icon {
-                anchors.centerIn: parent
-                color: Theme.danger
-                size: Theme.iconLarge
-                symbol: "trash.circle.fill"
-            }
+            round: true
+            size: Theme.tallRowHeight
+            symbol: "trash.circle.fill"
+            symbolSize: Theme.iconLarge
+            tint: Theme.danger
         }
         ColumnLayout {
             Layout.fillWidth: true
@@ -57,14 +51,22 @@ Sheet {
             }
         }
     }
+    AppText {
+        Layout.fillWidth: true
+        color: Theme.textSecondary
+        figures: true
+        text: plan.checkingNote
+        visible: text !== ""
+    }
     Rectangle {
         Layout.fillWidth: true
-        Layout.preferredHeight: Math.min(list.contentHeight + 2 * Theme.hairline,
+        Layout.preferredHeight: Math.min(list.contentHeight + 2 * Theme.hairline, sheet.contentRoom,
                                          Math.max(Theme.sheetListHeight, sheet.roomHeight - Theme.sheetListHeight * 2))
         border.color: Theme.cardBorder
         border.width: Theme.hairline
         color: Theme.window
         radius: Theme.radiusControl
+        visible: plan.checkingNote === ""
 
         ListView {
             id: list
@@ -74,33 +76,36 @@ Sheet {
             anchors.margins: Theme.hairline
             boundsBehavior: Flickable.StopAtBounds
             clip: true
-            keyNavigationEnabled: false
+            highlightFollowsCurrentItem: false
             model: plan
             reuseItems: true
 
             Accessible.name: qsTr("Items of the plan")
             Accessible.role: Accessible.List
 
-            Keys.onDownPressed: scrollBy(Theme.tallRowHeight)
-            Keys.onUpPressed: scrollBy(-Theme.tallRowHeight)
             Keys.onPressed: event => {
-                if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp) {
-                    scrollBy(event.key === Qt.Key_PageDown ? height : -height);
-                    event.accepted = true;
-                }
+                const page = Math.max(1, Math.floor(height / Theme.planRowHeight) - 1);
+                const wanted = {
+                    [Qt.Key_PageDown]: currentIndex + page, [Qt.Key_PageUp]: currentIndex - page,
+                    [Qt.Key_Home]: 0, [Qt.Key_End]: count - 1
+                }[event.key];
+                event.accepted = wanted !== undefined;
+                if (event.accepted)
+                    currentIndex = Math.max(0, Math.min(count - 1, wanted));
             }
+            onActiveFocusChanged: {
+                if (activeFocus && currentIndex < 0)
+                    currentIndex = 0;
+            }
+            onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Contain)
 
             T.ScrollBar.vertical: AppScrollBar {}
 
-            function scrollBy(distance: real) {
-                contentY = Math.max(originY, Math.min(originY + contentHeight - height, contentY + distance));
-            }
-
             delegate: PlanRow {
+                required property int index
+
+                focusShown: list.activeFocus && list.currentIndex === index
                 width: list.width
-            }
-            FocusRing {
-                shown: list.activeFocus
             }
         }
     }
@@ -131,6 +136,7 @@ Sheet {
     }
     buttons: [
         AppText {
+            Layout.fillWidth: true
             Layout.rightMargin: Theme.spaceL
             figures: true
             kind: AppText.Heading

@@ -9,19 +9,12 @@ Card {
         Layout.fillWidth: true
         spacing: Theme.spaceL
 
-        Rectangle {
+        Medallion {
             Layout.alignment: Qt.AlignTop
-            Layout.preferredHeight: Theme.largeControlHeight
-            Layout.preferredWidth: Theme.largeControlHeight
-            color: Theme.withAlpha(Theme.review, Theme.tint)
-            radius: Theme.radiusControl
-
-            Icon {
-                anchors.centerIn: parent
-                color: Theme.review
-                size: Theme.iconLarge
-                symbol: "lock.shield.fill"
-            }
+            size: Theme.largeControlHeight
+            symbol: "lock.shield.fill"
+            symbolSize: Theme.iconLarge
+            tint: Theme.review
         }
         ColumnLayout {
             Layout.fillWidth: true
@@ -31,11 +24,12 @@ Card {
                 Layout.fillWidth: true
                 kind: AppText.Heading
                 text: qsTr("Grant Full Disk Access")
+                wrapMode: Text.Wrap
             }
             AppText {
                 Layout.fillWidth: true
                 color: Theme.textSecondary
-                text: qsTr("Without it, macOS hides folders like Mail, Safari and app containers from Brimlet, so sizes come out incomplete. Brimlet never sends anything off your Mac.")
+                text: Words.accessBanner
                 wrapMode: Text.Wrap
             }
             Flow {

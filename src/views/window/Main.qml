@@ -2,9 +2,13 @@
 import QtQuick
 import QtQuick.Controls
 import Brimlet
+import Brimlet.App
 
 ApplicationWindow {
     id: window
+
+    LayoutMirroring.childrenInherit: true
+    LayoutMirroring.enabled: Theme.mirrored
 
     color: Theme.window
     font.family: Theme.wordFamily
@@ -14,6 +18,8 @@ ApplicationWindow {
     minimumWidth: 900
     title: "Brimlet"
     width: 1200
+
+    onClosing: close => close.accepted = App.readyToQuit()
 
     // For the dialogs that the toolkit draws by itself.
     palette {

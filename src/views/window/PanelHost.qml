@@ -9,28 +9,35 @@ Item {
 
         title: qsTr("Choose a Folder")
 
-        onAccepted: WindowPanels.accept(selectedFolder)
+        onAccepted: WindowPanels.acceptFolder(selectedFolder)
         onRejected: WindowPanels.reject()
     }
     FileDialog {
         id: saveDialog
 
+        acceptLabel: qsTr("Save")
         fileMode: FileDialog.SaveFile
+        // Asked below, whatever draws the panel.
+        options: FileDialog.DontConfirmOverwrite // qmllint disable
         title: qsTr("Save")
 
-        onAccepted: WindowPanels.accept(selectedFile)
+        onAccepted: WindowPanels.acceptFile(selectedFile)
         onRejected: WindowPanels.reject()
     }
+    ReplaceDialog {}
     Connections {
         target: WindowPanels
 
-        function onFolderWanted(prompt: string) {
+        function onFolderWanted(folder: url, prompt: string) {
             folderDialog.acceptLabel = prompt;
+            folderDialog.currentFolder = folder;
             folderDialog.open();
         }
 
-        function onFileToSaveWanted(suggestedName: string) {
-            saveDialog.selectedFile = saveDialog.currentFolder + "/" + encodeURIComponent(suggestedName);
+        function onFileToSaveWanted(suggestion: url, suffix: string) {
+            saveDialog.defaultSuffix = suffix;
+            saveDialog.nameFilters = [qsTr("%1 files (*.%2)").arg(suffix.toUpperCase()).arg(suffix)];
+            saveDialog.selectedFile = suggestion;
             saveDialog.open();
         }
     }

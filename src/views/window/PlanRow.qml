@@ -15,11 +15,16 @@ Item {
     required property string reason
     required property string path
     required property bool directory
+    property bool focusShown: false
 
-    implicitHeight: isHeading ? Theme.controlHeight + Theme.spaceS : Theme.planRowHeight
+    readonly property string tip: isHeading ? "" : path
+
+    implicitHeight: isHeading ? Theme.controlHeight + Theme.spaceS
+                              : Math.max(Theme.planRowHeight, texts.implicitHeight + 2 * Theme.spaceS)
 
     Accessible.name: isHeading ? badge.title + ", " + summary.text : name + ", " + Formats.bytes(size)
-    Accessible.description: isHeading ? "" : reason + " " + path
+    Accessible.description: isHeading ? "" : badge.title + ". " + reason + " " + path
+    Accessible.focusable: true
     Accessible.role: isHeading ? Accessible.Heading : Accessible.ListItem
 
     RowLayout {
@@ -58,6 +63,8 @@ Item {
             path: row.path
         }
         ColumnLayout {
+            id: texts
+
             Layout.fillWidth: true
             spacing: Theme.spaceXs / 2
 
@@ -73,6 +80,7 @@ Item {
                 Layout.fillWidth: true
                 kind: AppText.Caption
                 text: row.reason
+                wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
             AppText {
@@ -93,11 +101,9 @@ Item {
             Accessible.ignored: true
         }
     }
-    HoverHandler {
-        id: pointer
-    }
-    AppToolTip {
-        text: row.reason + "\n" + row.path
-        visible: pointer.hovered && !row.isHeading
+    FocusRing {
+        anchors.margins: Theme.hairline
+        radius: Theme.radiusControl
+        shown: row.focusShown
     }
 }

@@ -16,7 +16,7 @@ FocusScope {
 
         Sidebar {
             Layout.fillHeight: true
-            Layout.preferredWidth: Theme.sidebarWidth
+            Layout.preferredWidth: Math.max(Theme.sidebarLeast, Math.min(Theme.sidebarWidth, root.width * 0.3))
         }
         Rectangle {
             Layout.fillHeight: true
@@ -50,7 +50,50 @@ FocusScope {
             }
         }
     }
+    FocusInSight {
+        readonly property int textSize: Theme.bodySize
+
+        anchors.fill: parent
+        margin: Theme.spaceXl
+
+        onTextSizeChanged: lookAgain()
+    }
+    WindowTips {
+        anchors.fill: parent
+    }
+    // What is said to assistive tools stands here for a moment, as an alert that nobody sees.
+    Item {
+        id: voice
+
+        height: Theme.hairline
+        width: Theme.hairline
+
+        Accessible.ignored: Assistive.words === ""
+        Accessible.name: Assistive.words
+        Accessible.role: Accessible.AlertMessage
+
+        Connections {
+            function onWordsChanged() {
+                if (Assistive.words !== "")
+                    Assistive.show(voice);
+            }
+
+            target: Assistive
+        }
+    }
+    FocusInSight {
+        readonly property int textSize: Theme.bodySize
+
+        anchors.fill: parent
+        margin: Theme.spaceXl
+
+        onTextSizeChanged: lookAgain()
+    }
+    WindowTips {
+        anchors.fill: parent
+    }
     AccessOnboardingView {}
     ConfirmDeletionView {}
+    FinishingView {}
     UpdateDialog {}
 }

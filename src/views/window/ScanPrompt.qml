@@ -13,11 +13,11 @@ Item {
     AmbientBackground {
         anchors.fill: parent
     }
-    ColumnLayout {
-        anchors.centerIn: parent
+    StagePage {
+        anchors.fill: parent
+        maximumWidth: Theme.textMaximumWidth
         spacing: Theme.spaceXl
         visible: App.isScanning
-        width: Math.min(parent.width - 2 * Theme.spaceXl, Theme.textMaximumWidth)
 
         ScanningRing {
             Layout.fillWidth: true
@@ -32,26 +32,19 @@ Item {
             onClicked: App.cancelScan()
         }
     }
-    ColumnLayout {
-        anchors.centerIn: parent
+    StagePage {
+        anchors.fill: parent
+        maximumWidth: Theme.textMaximumWidth
         spacing: Theme.spaceM
         visible: !App.isScanning
-        width: Math.min(parent.width - 2 * Theme.spaceXl, Theme.textMaximumWidth)
 
-        Rectangle {
+        Medallion {
             Layout.alignment: Qt.AlignHCenter
             Layout.bottomMargin: Theme.spaceS
-            Layout.preferredHeight: Theme.medallion
-            Layout.preferredWidth: Theme.medallion
-            color: Theme.withAlpha(Theme.accent, Theme.tint)
-            radius: width / 2
-
-            Icon {
-                anchors.centerIn: parent
-                color: Theme.accent
-                size: Theme.iconHuge
-                symbol: "internaldrive.fill"
-            }
+            round: true
+            size: Theme.medallion
+            symbol: "internaldrive.fill"
+            symbolSize: Theme.iconHuge
         }
         AppText {
             Layout.fillWidth: true
@@ -68,23 +61,19 @@ Item {
             text: prompt.message
             wrapMode: Text.Wrap
         }
-        GridLayout {
+        FittingRow {
             Layout.alignment: Qt.AlignHCenter
             Layout.topMargin: Theme.spaceM
-            columnSpacing: Theme.spaceM
-            columns: disk.implicitWidth + home.implicitWidth + columnSpacing > prompt.width - 2 * Theme.spaceXl ? 1 : 2
-            rowSpacing: Theme.spaceS
+            room: prompt.width - 2 * Theme.spaceXl
 
             PrimaryButton {
-                id: disk
-
+                Layout.fillWidth: true
                 large: true
                 text: qsTr("Scan Entire Disk")
                 onClicked: App.scanWholeDisk()
             }
             AppButton {
-                id: home
-
+                Layout.fillWidth: true
                 large: true
                 text: qsTr("Home Folder Only")
                 onClicked: App.scanHome()

@@ -25,11 +25,12 @@ Item {
             menuIndicator: true
             text: qsTr("Scan: %1").arg(App.scanTargetLabel)
 
-            onClicked: targetMenu.opened ? targetMenu.close() : targetMenu.open()
+            onClicked: targetMenu.toggle()
 
             AppMenu {
                 id: targetMenu
 
+                x: Theme.mirrored ? targetButton.width - width : 0
                 y: targetButton.height + Theme.spaceXs
 
                 AppMenuItem {
@@ -64,6 +65,8 @@ Item {
             Layout.preferredWidth: 0
             color: Theme.textSecondary
             figures: true
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: Theme.smallCaptionSize
             text: App.isScanning ? qsTr("%1 files · %2").arg(Formats.count(App.progressFiles))
                                        .arg(Formats.bytes(App.progressBytes)) : ""
         }
@@ -72,18 +75,18 @@ Item {
 
             symbol: "line.3.horizontal"
             text: qsTr("Menu")
-            onClicked: mainMenu.opened ? mainMenu.close() : mainMenu.open()
+            onClicked: mainMenu.toggle()
 
             Shortcut {
                 sequence: "F10"
-                onActivated: mainMenu.open()
+                onActivated: mainMenu.toggle()
             }
 
             MainMenu {
                 id: mainMenu
 
                 commands: toolbar.commands
-                x: menuButton.width - width
+                x: Theme.mirrored ? 0 : menuButton.width - width
                 y: menuButton.height + Theme.spaceXs
             }
         }

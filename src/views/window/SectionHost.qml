@@ -16,27 +16,7 @@ FocusScope {
         "history": "HistoryView.qml"
     })
 
-    Loader {
-        id: loader
-
-        anchors.fill: parent
-        focus: true
+    FadingLoader {
         source: Qt.resolvedUrl("../screens/" + (host.screens[App.section] ?? "ComingSection.qml"))
-
-        onLoaded: {
-            if (Theme.animated)
-                entering.restart();
-        }
-
-        NumberAnimation {
-            id: entering
-
-            duration: Theme.gentle
-            easing.type: Easing.OutCubic
-            from: 0
-            property: "opacity"
-            target: loader
-            to: 1
-        }
     }
 }

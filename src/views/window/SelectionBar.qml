@@ -15,7 +15,7 @@ Rectangle {
     signal acted
 
     color: Theme.card
-    implicitHeight: Theme.toolbarHeight
+    implicitHeight: Math.max(Theme.toolbarHeight, line.implicitHeight + 2 * Theme.spaceS)
     visible: count > 0
 
     Rectangle {
@@ -23,11 +23,15 @@ Rectangle {
         height: Theme.hairline
         width: parent.width
     }
-    RowLayout {
-        anchors.fill: parent
+    FittingRow {
+        id: line
+
+        anchors.left: parent.left
         anchors.leftMargin: Theme.spaceXl
+        anchors.right: parent.right
         anchors.rightMargin: Theme.spaceXl
-        spacing: Theme.spaceS
+        anchors.verticalCenter: parent.verticalCenter
+        room: bar.width - 2 * Theme.spaceXl
 
         AppText {
             Layout.fillWidth: true
@@ -35,14 +39,19 @@ Rectangle {
             kind: AppText.Strong
             text: qsTr("%1 selected · %2").arg(Formats.count(bar.count)).arg(Formats.bytes(bar.size))
         }
-        AppButton {
-            text: qsTr("Deselect")
-            onClicked: bar.cleared()
-        }
-        DestructiveButton {
-            symbol: "trash"
-            text: bar.actionTitle
-            onClicked: bar.acted()
+        RowLayout {
+            Layout.alignment: Qt.AlignRight
+            spacing: Theme.spaceS
+
+            AppButton {
+                text: qsTr("Deselect")
+                onClicked: bar.cleared()
+            }
+            DestructiveButton {
+                symbol: "trash"
+                text: bar.actionTitle
+                onClicked: bar.acted()
+            }
         }
     }
 }

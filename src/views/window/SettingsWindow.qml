@@ -6,6 +6,9 @@ import Brimlet
 ApplicationWindow {
     id: settings
 
+    LayoutMirroring.childrenInherit: true
+    LayoutMirroring.enabled: Theme.mirrored
+
     color: Theme.window
     height: 440
     title: qsTr("Settings")

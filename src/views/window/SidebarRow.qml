@@ -48,7 +48,7 @@ FocusScope {
         anchors.top: groupSpace.bottom
         color: row.current ? Theme.selection : pointer.hovered ? Theme.hover : "transparent"
         focus: true
-        height: Theme.rowHeight
+        height: Math.max(Theme.rowHeight, name.implicitHeight + Theme.spaceS)
         radius: Theme.radiusControl
         width: row.width
 
@@ -71,9 +71,13 @@ FocusScope {
                 symbol: row.symbol
             }
             AppText {
+                id: name
+
                 Layout.fillWidth: true
                 kind: row.current ? AppText.Strong : AppText.Body
+                lineHeight: 1
                 text: row.title
+                wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
         }

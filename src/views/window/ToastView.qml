@@ -35,6 +35,14 @@ Rectangle {
 
         state: App
     }
+    Connections {
+        function onChanged() {
+            if (model.shown)
+                Assistive.show(notice);
+        }
+
+        target: model
+    }
     SoftShadow {
         radius: Theme.radiusCard
     }
@@ -43,6 +51,13 @@ Rectangle {
         anchors.margins: Theme.hairline
         color: Theme.floating
         radius: Theme.radiusCard - Theme.hairline
+    }
+    // What lies under the notice is not meant by a click on it.
+    MouseArea {
+        acceptedButtons: Qt.AllButtons
+        anchors.fill: parent
+        hoverEnabled: true
+        onWheel: wheel => wheel.accepted = true
     }
     RowLayout {
         id: row
@@ -66,13 +81,17 @@ Rectangle {
             AppText {
                 Layout.fillWidth: true
                 kind: AppText.Strong
+                lineHeight: 1
                 text: model.message
+                wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
             AppText {
                 Layout.fillWidth: true
                 kind: AppText.Caption
+                lineHeight: 1
                 text: model.detail
+                wrapMode: Text.Wrap
                 visible: model.detail !== ""
                 Accessible.ignored: true
             }

@@ -1,0 +1,48 @@
+// Keeps a scan's tree right after deletions and restores: the nodes are found in the background and marked in
+// pieces that hold up no frame. One update after the other, in the order of the calls. Waits for no disk.
+// Main thread.
+#pragma once
+
+#include "app/BackgroundWork.h"
+#include "core/ScanResult.h"
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+namespace brimlet {
+
+class TreeUpdates {
+public:
+    using Paths = std::shared_ptr<const std::unordered_set<std::string>>;
+
+    /// scan   null where there is no tree to be brought up to date
+    /// then   called when all is marked, also without a tree
+    void markDeleted(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then);
+    void markRestored(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then);
+
+private:
+    using Mark = void (ScanResult::*)(std::span<FileNode* const>);
+
+    struct Update {
+        Mark mark;
+        std::shared_ptr<ScanResult> scan;
+        Paths paths;
+        std::function<void()> then;
+    };
+
+    void add(Update update);
+    void begin();
+    void markFrom(std::size_t first);
+
+    std::deque<Update> m_updates;   ///< the first is at work
+    std::vector<FileNode*> m_nodes; ///< of the first
+    BackgroundWork m_work{1};       // Goes first.
+};
+
+} // namespace brimlet

@@ -1,0 +1,196 @@
+// The item with the keyboard is in sight, and what is shortened can be read in full, by keyboard too.
+#include "support/FilledWindow.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <QQuickItem>
+#include <QTest>
+#include <set>
+
+namespace brimlet {
+namespace {
+
+using test::eventually;
+using test::FilledWindow;
+using test::handleEvents;
+using test::WindowDriver;
+
+QRectF sceneRect(const QQuickItem& item) {
+    return item.mapRectToScene(QRectF(0, 0, item.width(), item.height()));
+}
+
+/// The part of the window where an item can be seen at all.
+QRectF sightOf(const QQuickItem& item) {
+    QRectF sight(0, 0, item.window()->width(), item.window()->height());
+    for (const QQuickItem* up = item.parentItem(); up != nullptr; up = up->parentItem()) {
+        if (up->clip())
+            sight &= sceneRect(*up);
+    }
+    return sight;
+}
+
+/// What the keyboard acts on: a list's current row, else the item with the focus.
+QQuickItem* keyboardItem(QQuickWindow& window) {
+    QQuickItem* focused = window.activeFocusItem();
+    auto* row = focused != nullptr ? focused->property("currentItem").value<QQuickItem*>() : nullptr;
+    return row != nullptr ? row : focused;
+}
+
+class Focus : public testing::Test {
+protected:
+    WindowDriver& driver() { return filled.driver(); }
+    QQuickWindow& quickWindow() { return filled.window().window(); }
+
+    /// Tabs once round and says which stops can't be seen, by their names.
+    std::set<std::string> unseenStops(Qt::Key key = Qt::Key_Tab) {
+        std::set<std::string> unseen;
+        const QQuickItem* first = nullptr;
+        int stops = 0;
+        for (; stops < 150; ++stops) {
+            driver().key(key);
+            quickWindow().grabWindow();
+            QQuickItem* item = keyboardItem(quickWindow());
+            if (item == nullptr || item == first)
+                break;
+            if (first == nullptr)
+                first = item;
+            const QRectF rect = sceneRect(*item);
+            const QRectF sight = sightOf(*item);
+            const bool tooLarge = rect.width() > sight.width() + 1 || rect.height() > sight.height() + 1;
+            if (!sight.adjusted(-1, -1, 1, 1).contains(rect) && !(tooLarge && sight.intersects(rect)))
+                unseen.insert(test::accessibleName(item).toStdString());
+        }
+        EXPECT_GT(stops, 3) << "the keyboard gets nowhere";
+        return unseen;
+    }
+
+    FilledWindow filled;
+};
+
+using Names = std::set<std::string>;
+
+TEST_F(Focus, isInSightOnEveryScreenAndSheet) {
+    filled.window().resize(900, 600);
+    for (const double scale : {1.0, 2.0}) {
+        filled.window().appearance().fixTextScale(scale);
+        const std::string size = ", text times " + std::to_string(scale);
+        filled.finishScan();
+        for (const AppSection section : {AppSection::overview, AppSection::explorer, AppSection::types,
+                                         AppSection::large, AppSection::junk, AppSection::history}) {
+            filled.state().setSection(section);
+            eventually([&] { return !filled.state().junkLoading(); });
+            EXPECT_EQ(unseenStops(), Names()) << look(section).title << size;
+            EXPECT_EQ(unseenStops(Qt::Key_Backtab), Names()) << look(section).title << ", backwards" << size;
+        }
+        filled.reachReview();
+        EXPECT_EQ(unseenStops(), Names()) << "review" << size;
+        EXPECT_EQ(unseenStops(Qt::Key_Backtab), Names()) << "review, backwards" << size;
+        filled.showMixedPlan();
+        EXPECT_EQ(unseenStops(), Names()) << "sheet" << size;
+        filled.state().cancelPlan();
+        filled.reachReport();
+        EXPECT_EQ(unseenStops(), Names()) << "report" << size;
+        filled.state().setSmartPhase(SmartPhase::idle);
+    }
+}
+
+TEST_F(Focus, keysScrollThePageAroundIt) {
+    filled.window().resize(900, 600);
+    filled.reachReview();
+    ASSERT_TRUE(driver().tabTo("App caches"));
+    const QQuickItem* box = driver().find("App caches", QAccessible::CheckBox);
+    ASSERT_NE(box, nullptr);
+    const double top = sceneRect(*box).top();
+    driver().key(Qt::Key_Down);
+    EXPECT_LT(sceneRect(*box).top(), top);
+    driver().key(Qt::Key_PageDown);
+    EXPECT_LT(sceneRect(*box).top(), top - 100);
+    driver().key(Qt::Key_End);
+    EXPECT_FALSE(sightOf(*box).intersects(sceneRect(*box)));
+    driver().key(Qt::Key_Home);
+    driver().key(Qt::Key_PageUp);
+    EXPECT_GE(sceneRect(*box).top(), top);
+}
+
+TEST_F(Focus, everyColumnIsReachedByKeyWheelAndBar) {
+    filled.window().resize(900, 600);
+    filled.finishScan();
+    filled.state().setSection(AppSection::large);
+    handleEvents();
+    quickWindow().grabWindow();
+    const auto inSight = [&](const char* title) {
+        const QQuickItem* header = driver().await(title);
+        return header != nullptr && sightOf(*header).adjusted(-1, -1, 1, 1).contains(sceneRect(*header));
+    };
+    ASSERT_TRUE(inSight("Name"));
+    ASSERT_FALSE(inSight("Risk"));
+    const auto* table = driver().await("Files", QAccessible::List);
+    ASSERT_NE(table, nullptr);
+    QTest::mouseClick(&quickWindow(), Qt::LeftButton, {}, sceneRect(*table).center().toPoint());
+    for (int press = 0; press < 8; ++press)
+        driver().key(Qt::Key_Right);
+    EXPECT_TRUE(inSight("Risk"));
+    for (int press = 0; press < 8; ++press)
+        driver().key(Qt::Key_Left);
+    EXPECT_TRUE(inSight("Name"));
+
+    const QPointF middle = sceneRect(*table).center();
+    for (int turn = 0; turn < 8; ++turn) {
+        QWheelEvent wheel(middle, quickWindow().mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                          Qt::ShiftModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&quickWindow(), &wheel);
+    }
+    EXPECT_TRUE(inSight("Risk"));
+    EXPECT_FALSE(inSight("Name"));
+    ASSERT_TRUE(driver().tabTo("Name"));
+    EXPECT_TRUE(inSight("Name")) << "a title that gets the keyboard comes into sight";
+}
+
+TEST_F(Focus, shortenedTextIsReadInFullByPointerAndByKeyboard) {
+    filled.window().resize(900, 600);
+    filled.window();
+    filled.state().setSection(AppSection::history);
+    ASSERT_TRUE(driver().tabTo("Clear History"));
+    driver().key(Qt::Key_Tab);
+    driver().key(Qt::Key_Down);
+    QQuickItem* row = keyboardItem(quickWindow());
+    ASSERT_NE(row, nullptr);
+    const QString name = row->property("name").toString();
+    const auto tells = [&](const QString& text) {
+        const auto items = driver().visibleItems();
+        return std::any_of(items.begin(), items.end(), [&](const QQuickItem* item) {
+            return item->inherits("QQuickText") && item->property("text").toString().contains(text) &&
+                   !item->property("truncated").toBool();
+        });
+    };
+    EXPECT_FALSE(tells(name));
+    EXPECT_TRUE(eventually([&] { return tells(name); })) << "with the keyboard";
+    driver().key(Qt::Key_Escape);
+    EXPECT_FALSE(tells(name));
+    QTest::mouseMove(&quickWindow(), sceneRect(*row).center().toPoint());
+    QTest::mouseMove(&quickWindow(), sceneRect(*row).center().toPoint() - QPoint(60, 8));
+    EXPECT_TRUE(eventually([&] { return tells(name); })) << "under the pointer";
+}
+
+TEST_F(Focus, reasonOfAVerdictIsNeverCutOnTheSheet) {
+    filled.window().resize(900, 600);
+    for (const double scale : {1.0, 2.0}) {
+        filled.window().appearance().fixTextScale(scale);
+        filled.showMixedPlan();
+        quickWindow().grabWindow();
+        int reasons = 0;
+        for (const QQuickItem* item : driver().visibleItems()) {
+            if (!item->inherits("QQuickText") || !item->property("text").toString().startsWith("Belongs to"))
+                continue;
+            ++reasons;
+            EXPECT_FALSE(item->property("truncated").toBool());
+            EXPECT_LE(item->property("contentHeight").toDouble(), item->height() + 1);
+        }
+        EXPECT_GT(reasons, 0);
+        filled.state().cancelPlan();
+        handleEvents();
+    }
+}
+
+} // namespace
+} // namespace brimlet
