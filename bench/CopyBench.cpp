@@ -3,7 +3,7 @@
 // another.
 
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxFileRemoval.h"
 
 #include <algorithm>
 #include <chrono>

@@ -4,8 +4,8 @@
 #include "support/SyntheticTree.h"
 #include "support/TestApp.h"
 #include "support/Timing.h"
-#include "views/FileListModel.h"
-#include "views/LocaleFold.h"
+#include "views/base/LocaleFold.h"
+#include "views/files/FileListModel.h"
 
 #include <cstdio>
 #include <functional>

@@ -1,7 +1,7 @@
 // The junk finder beside one parallel measurement of the same folders, on home folders of 200,000 cache files
 // (or as many as the first argument says), warm cache. Prints medians and their ratio.
 
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "junk/JunkFinder.h"
 #include "platform/AccessProbe.h"
 #include "platform/linux/LinuxDirectoryLister.h"

@@ -2,10 +2,10 @@
 // moves to the Trash on the same device. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
 
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxFileRemoval.h"
 #include "platform/linux/LinuxRecordStore.h"
+#include "platform/linux/removal/LinuxFileRemoval.h"
 #include "safety/DeletionExecutor.h"
-#include "safety/DeletionHistory.h"
+#include "safety/history/DeletionHistory.h"
 
 #include <algorithm>
 #include <chrono>

@@ -5,7 +5,7 @@
 #include "support/TestWindow.h"
 #include "support/Timing.h"
 #include "tables/SystemTables.h"
-#include "views/JunkModel.h"
+#include "views/junk/JunkModel.h"
 
 #include <algorithm>
 #include <cstdio>

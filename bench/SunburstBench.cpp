@@ -2,8 +2,8 @@
 // Run as: sunburst-bench
 #include "support/SyntheticTree.h"
 #include "support/Timing.h"
-#include "views/SunburstArcs.h"
-#include "views/SunburstRaster.h"
+#include "views/map/SunburstArcs.h"
+#include "views/map/SunburstRaster.h"
 
 #include <cstdio>
 

@@ -3,7 +3,7 @@
 
 #include "app/Removals.h"
 #include "app/StageClock.h"
-#include "core/Scanner.h"
+#include "core/walk/Scanner.h"
 #include "junk/JunkFinder.h"
 #include "platform/AccessProbe.h"
 #include "platform/Panels.h"

@@ -20,9 +20,9 @@
 #include "junk/JunkFinder.h"
 #include "junk/JunkPlan.h"
 #include "junk/QuickClean.h"
-#include "safety/DeletionHistory.h"
 #include "safety/DeletionPlanning.h"
-#include "safety/DeletionRecords.h"
+#include "safety/history/DeletionHistory.h"
+#include "safety/history/DeletionRecords.h"
 
 #include <chrono>
 #include <functional>

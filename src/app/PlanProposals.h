@@ -6,7 +6,7 @@
 #pragma once
 
 #include "app/BackgroundWork.h"
-#include "safety/DeletionRecords.h"
+#include "safety/history/DeletionRecords.h"
 
 #include <array>
 #include <cstdint>

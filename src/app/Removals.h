@@ -8,9 +8,9 @@
 #include "app/BackgroundWork.h"
 #include "app/WorkGate.h"
 #include "safety/DeletionExecutor.h"
-#include "safety/DeletionHistory.h"
-#include "safety/DeletionRecords.h"
-#include "safety/HistoryMerge.h"
+#include "safety/history/DeletionHistory.h"
+#include "safety/history/DeletionRecords.h"
+#include "safety/history/HistoryMerge.h"
 
 #include <functional>
 #include <memory>

@@ -4,7 +4,7 @@
 #include "core/ByteFormat.h"
 #include "core/WholeNumber.h"
 #include "platform/HomeFolder.h"
-#include "safety/HistoryFormat.h"
+#include "safety/history/HistoryFormat.h"
 #include "json/Json.h"
 
 #include <algorithm>

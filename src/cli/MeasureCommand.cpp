@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/Terminal.h"
 #include "core/ByteFormat.h"
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "json/Json.h"
 
 #include <algorithm>

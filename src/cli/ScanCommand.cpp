@@ -4,7 +4,7 @@
 #include "cli/Terminal.h"
 #include "core/ByteFormat.h"
 #include "core/Paths.h"
-#include "core/Scanner.h"
+#include "core/walk/Scanner.h"
 #include "platform/HomeFolder.h"
 
 #include <atomic>

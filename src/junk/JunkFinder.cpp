@@ -1,7 +1,7 @@
 #include "junk/JunkFinder.h"
 
-#include "core/MeasureTree.h"
-#include "core/ParallelFor.h"
+#include "core/walk/MeasureTree.h"
+#include "core/walk/ParallelFor.h"
 #include "platform/AccessProbe.h"
 #include "platform/DirectoryLister.h"
 

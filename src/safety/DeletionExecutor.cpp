@@ -1,8 +1,8 @@
 #include "safety/DeletionExecutor.h"
 
 #include "core/Localized.h"
-#include "core/MeasureTree.h"
-#include "safety/HistoryFormat.h"
+#include "core/walk/MeasureTree.h"
+#include "safety/history/HistoryFormat.h"
 
 #include <algorithm>
 #include <cerrno>

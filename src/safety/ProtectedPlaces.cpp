@@ -5,7 +5,7 @@
 #include "platform/DirectoryLister.h"
 #include "platform/EntryLookup.h"
 #include "platform/HomeFolder.h"
-#include "safety/DeletionHistory.h"
+#include "safety/history/DeletionHistory.h"
 #include "safety/SafetyPolicy.h"
 
 #include <algorithm>

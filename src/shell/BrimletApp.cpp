@@ -3,7 +3,7 @@
 #include "app/Translation.h"
 #include "core/TextFold.h"
 #include "platform/HomeFolder.h"
-#include "views/LocaleFold.h"
+#include "views/base/LocaleFold.h"
 
 #include <QCoreApplication>
 

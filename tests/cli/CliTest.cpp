@@ -1,8 +1,8 @@
 // brimlet-cli as its users meet it: the built program, its output and its exit status.
 
 #include "cli/Terminal.h"
-#include "core/MeasureTree.h"
-#include "core/Scanner.h"
+#include "core/walk/MeasureTree.h"
+#include "core/walk/Scanner.h"
 #include "support/Program.h"
 #include "support/TemporaryTree.h"
 #include "tables/SystemTables.h"

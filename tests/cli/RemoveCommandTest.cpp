@@ -1,8 +1,8 @@
 // `remove`, `history` and `restore` of the built program, each in a home folder of its own.
 
-#include "core/MeasureTree.h"
-#include "platform/linux/ScratchName.h"
-#include "safety/HistoryFormat.h"
+#include "core/walk/MeasureTree.h"
+#include "platform/linux/removal/ScratchName.h"
+#include "safety/history/HistoryFormat.h"
 #include "safety/RunJournal.h"
 #include "support/Program.h"
 #include "support/TemporaryTree.h"

@@ -1,5 +1,5 @@
 // A tree corrected after deletions and restores says what a fresh scan would say.
-#include "core/Scanner.h"
+#include "core/walk/Scanner.h"
 #include "support/TemporaryTree.h"
 #include "tables/SystemTables.h"
 

@@ -1,4 +1,4 @@
-#include "core/ParallelFor.h"
+#include "core/walk/ParallelFor.h"
 
 #include <algorithm>
 #include <atomic>

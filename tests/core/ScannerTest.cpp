@@ -1,8 +1,8 @@
 // What a walk must survive, and how it is watched and stopped.
 
-#include "core/Scanner.h"
+#include "core/walk/Scanner.h"
 
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "support/FtsWalk.h"
 #include "support/Privileges.h"
 #include "support/TemporaryTree.h"

@@ -1,7 +1,7 @@
 // Scans and measurements of random trees against the plain fts loop, field by field.
 
-#include "core/MeasureTree.h"
-#include "core/Scanner.h"
+#include "core/walk/MeasureTree.h"
+#include "core/walk/Scanner.h"
 #include "support/FtsWalk.h"
 #include "support/Privileges.h"
 #include "support/RandomTree.h"

@@ -1,5 +1,5 @@
 #include "junk/JunkFinder.h"
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "support/CatalogueRule.h"
 #include "support/FakeAccessProbe.h"

@@ -1,5 +1,5 @@
 #include "platform/linux/LinuxDirectoryLister.h"
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "support/TemporaryTree.h"
 

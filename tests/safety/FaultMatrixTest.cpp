@@ -2,7 +2,7 @@
 // folder to the Trash, one of them from another disk, removes a file and a folder for good, records that, and
 // puts two things back. BRIMLET_FAULT_STEP=k takes every k-th call only, for slow builds.
 
-#include "safety/DeletionHistory.h"
+#include "safety/history/DeletionHistory.h"
 #include "support/DeletionStage.h"
 #include "support/TreeSnapshot.h"
 

@@ -2,7 +2,7 @@
 // systems and kernels that lack a call. Where mounting isn't permitted, what needs it is skipped.
 
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/ScratchName.h"
+#include "platform/linux/removal/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/Program.h"

@@ -1,9 +1,9 @@
 // What removal does to real trees: links, depth, permissions, mounts, names.
 
-#include "core/MeasureTree.h"
+#include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/ScratchName.h"
+#include "platform/linux/removal/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/RandomTree.h"

@@ -1,7 +1,7 @@
 // The Trash: whose it is, what things are called in it, and how they get there from other disks.
 
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/NumberedName.h"
+#include "platform/linux/removal/NumberedName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/TreeSnapshot.h"

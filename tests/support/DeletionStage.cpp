@@ -2,8 +2,8 @@
 
 #include "core/Paths.h"
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/ScratchName.h"
-#include "safety/HistoryFormat.h"
+#include "platform/linux/removal/ScratchName.h"
+#include "safety/history/HistoryFormat.h"
 
 #include <algorithm>
 #include <filesystem>

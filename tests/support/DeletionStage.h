@@ -1,10 +1,10 @@
 // A home folder with the whole deletion engine on top of it, behind the guard.
 #pragma once
 
-#include "platform/linux/LinuxFileRemoval.h"
 #include "platform/linux/LinuxRecordStore.h"
+#include "platform/linux/removal/LinuxFileRemoval.h"
 #include "safety/DeletionExecutor.h"
-#include "safety/DeletionHistory.h"
+#include "safety/history/DeletionHistory.h"
 #include "support/GuardedCalls.h"
 #include "support/TemporaryTree.h"
 

@@ -2,8 +2,8 @@
 // oracle that the parallel walks are compared with.
 #pragma once
 
-#include "core/MeasureTree.h"
 #include "core/ScanResult.h"
+#include "core/walk/MeasureTree.h"
 
 #include <memory>
 #include <string>

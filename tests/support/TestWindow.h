@@ -6,8 +6,8 @@
 #include "app/UpdateController.h"
 #include "support/TestApp.h"
 #include "support/WindowDriver.h"
-#include "views/MainWindow.h"
-#include "views/WindowPanels.h"
+#include "views/window/MainWindow.h"
+#include "views/window/WindowPanels.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "platform/linux/LinuxRecordStore.h"
 
-#include "platform/linux/ExclusiveRename.h"
-#include "platform/linux/FolderListing.h"
+#include "platform/linux/removal/ExclusiveRename.h"
+#include "platform/linux/removal/FolderListing.h"
 
 #include <array>
 #include <cerrno>

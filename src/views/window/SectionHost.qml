@@ -7,16 +7,16 @@ FocusScope {
     id: host
 
     readonly property var screens: ({
-        "smartClean": "SmartCleanView.qml",
-        "overview": "OverviewView.qml",
-        "explorer": "ExplorerView.qml",
-        "types": "TypesView.qml",
-        "large": "LargeFilesView.qml",
-        "junk": "JunkView.qml",
-        "history": "HistoryView.qml"
+        "smartClean": "quickclean/SmartCleanView.qml",
+        "overview": "overview/OverviewView.qml",
+        "explorer": "explorer/ExplorerView.qml",
+        "types": "files/TypesView.qml",
+        "large": "files/LargeFilesView.qml",
+        "junk": "junk/JunkView.qml",
+        "history": "history/HistoryView.qml"
     })
 
     FadingLoader {
-        source: Qt.resolvedUrl("../screens/" + (host.screens[App.section] ?? "ComingSection.qml"))
+        source: Qt.resolvedUrl("../" + (host.screens[App.section] ?? "window/ComingSection.qml"))
     }
 }

@@ -1,0 +1,99 @@
+#include "views/explorer/ExplorerModel.h"
+
+#include "app/Formats.h"
+#include "app/Texts.h"
+#include "core/Paths.h"
+#include "views/components/Segment.h"
+#include "views/nodes/NodeLook.h"
+#include "views/nodes/NodePlans.h"
+
+namespace brimlet {
+
+namespace {
+
+constexpr std::size_t segmentCount = 12;
+constexpr std::string_view mapMode = "map";
+constexpr std::string_view listMode = "list";
+
+} // namespace
+
+void ExplorerModel::watch(AppState& state) {
+    connect(&state, &AppState::explorerStackChanged, this, &ExplorerModel::changed);
+    connect(&state, &AppState::revisionChanged, this, &ExplorerModel::changed);
+    connect(&state, &AppState::scanTargetChanged, this, &ExplorerModel::changed);
+}
+
+void ExplorerModel::read() {
+    emit changed();
+    emit showsMapChanged();
+}
+
+FileNode* ExplorerModel::current() const {
+    return state() && !state()->explorerStack().empty() ? state()->explorerStack().back() : nullptr;
+}
+
+QStringList ExplorerModel::crumbs() const {
+    QStringList crumbs;
+    if (isEmpty())
+        return crumbs;
+    for (const FileNode* node : state()->explorerStack())
+        crumbs << shownText(node->parent != nullptr ? std::string(node->name)
+                                                    : displayPath(node->path(), state()->homeFolder()));
+    return crumbs;
+}
+
+QString ExplorerModel::title() const {
+    if (isEmpty())
+        return {};
+    return current()->parent != nullptr ? shownText(current()->name) : state()->scanTargetLabel();
+}
+
+QVariantList ExplorerModel::segments() const {
+    QVariantList segments;
+    if (isEmpty())
+        return segments;
+    for (const FileNode* child : largestChildren(*current(), segmentCount))
+        segments << QVariant::fromValue(Segment{shownText(child->name), shownText(child->name),
+                                                static_cast<double>(child->size),
+                                                QColor::fromRgb(look(child->bucket).color)});
+    return segments;
+}
+
+QString ExplorerModel::smallFilesNote() const {
+    if (isEmpty() || current()->smallFilesCount < 1)
+        return {};
+    return tr("Also: %1 small files directly in this folder · %2")
+        .arg(current()->smallFilesCount)
+        .arg(bytesText(current()->smallFilesSize, QLocale()));
+}
+
+bool ExplorerModel::showsMap() const {
+    return state() && state()->preferences().explorerMode() == mapMode;
+}
+
+void ExplorerModel::setShowsMap(bool map) {
+    if (!state() || map == showsMap())
+        return;
+    state()->preferences().setExplorerMode(std::string(map ? mapMode : listMode));
+    emit showsMapChanged();
+}
+
+void ExplorerModel::goTo(int crumb) {
+    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= state()->explorerStack().size())
+        return;
+    std::vector<FileNode*> stack = state()->explorerStack();
+    stack.resize(static_cast<std::size_t>(crumb) + 1);
+    state()->setExplorerStack(std::move(stack));
+}
+
+void ExplorerModel::goUp() {
+    if (canGoUp())
+        goTo(static_cast<int>(state()->explorerStack().size()) - 2);
+}
+
+void ExplorerModel::revealCurrent() {
+    if (!isEmpty())
+        state()->opener().revealPath(current()->path());
+}
+
+} // namespace brimlet

@@ -1,0 +1,6 @@
+brimlet_room(explorer
+    SOURCES
+        ExplorerModel.cpp
+        FolderModel.cpp
+    QML
+        Breadcrumbs ExplorerView FolderList)

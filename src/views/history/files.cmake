@@ -1,0 +1,6 @@
+brimlet_room(history
+    SOURCES
+        FailureModel.cpp
+        HistoryModel.cpp
+    QML
+        FailuresBox HistoryHeader HistoryRow HistoryView)

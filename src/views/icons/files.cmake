@@ -1,0 +1,6 @@
+brimlet_room(icons
+    SOURCES
+        FileLooks.cpp
+        IconProvider.cpp
+    QML
+        FileIcon Icon)

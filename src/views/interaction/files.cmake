@@ -1,0 +1,8 @@
+brimlet_room(interaction
+    SOURCES
+        Assistive.cpp
+        FocusInSight.cpp
+        KeyGuard.cpp
+        TipFinder.cpp
+    QML
+        AppToolTip WindowTips)

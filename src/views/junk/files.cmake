@@ -1,0 +1,5 @@
+brimlet_room(junk
+    SOURCES
+        JunkModel.cpp
+    QML
+        JunkGroupRow JunkItemRow JunkRuleRow JunkView)

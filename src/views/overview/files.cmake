@@ -1,0 +1,5 @@
+brimlet_room(overview
+    SOURCES
+        ScanSummary.cpp
+    QML
+        CompositionCard OverviewView)

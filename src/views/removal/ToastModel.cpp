@@ -1,0 +1,34 @@
+#include "views/removal/ToastModel.h"
+
+#include <QTimer>
+
+namespace brimlet {
+
+void ToastModel::read() {
+    if (shown()) {
+        const Toast& toast = *state()->toast();
+        m_message = QString::fromStdString(toast.message);
+        m_detail = QString::fromStdString(toast.detail.value_or(""));
+        m_canUndo = toast.undoable != nullptr;
+        QTimer::singleShot(stay, this, [this, id = toast.id] {
+            if (shown() && state()->toast()->id == id)
+                close();
+        });
+    }
+    emit changed();
+}
+
+void ToastModel::undo() {
+    if (!shown() || !m_canUndo)
+        return;
+    const auto entries = state()->toast()->undoable;
+    close(); // First: the restoring shows a notice of its own.
+    state()->restoreEntries(entries);
+}
+
+void ToastModel::close() {
+    if (state())
+        state()->setToast(std::nullopt);
+}
+
+} // namespace brimlet

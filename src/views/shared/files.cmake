@@ -1,0 +1,3 @@
+brimlet_room(shared
+    QML
+        FullDiskAccessBanner ScanPrompt SelectionBar)
