@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
+#include <utility>
 #include <QQuickItem>
 #include <QTest>
+#include <QtQuickTest/quicktest.h>
 
 namespace brimlet::test {
 
@@ -203,8 +205,21 @@ bool WindowDriver::awaitGone(const QString& name) {
     return eventually([&] { return !shows(name); });
 }
 
+/// A layout that is about to change, or a sheet that still grows, moves what a click aims at.
+void WindowDriver::awaitRest(const QString& name, QAccessible::Role role) {
+    QRectF last;
+    eventually([&] {
+        const QQuickItem* item = find(name, role);
+        const QRectF now = item != nullptr ? sceneRect(item) : QRectF();
+        return !QQuickTest::qIsPolishScheduled(&m_window) && std::exchange(last, now) == now;
+    });
+}
+
 bool WindowDriver::click(const QString& name, QAccessible::Role role) {
-    const QQuickItem* item = await(name, role);
+    if (await(name, role) == nullptr)
+        return false;
+    awaitRest(name, role);
+    const QQuickItem* item = find(name, role);
     if (item == nullptr)
         return false;
     QTest::mouseClick(&m_window, Qt::LeftButton, {}, sceneRect(item).center().toPoint());

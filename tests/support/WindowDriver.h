@@ -27,7 +27,7 @@ public:
     /// Waits until nothing of this name is visible.
     bool awaitGone(const QString& name);
 
-    /// Clicks the middle of a control with the left button. False where there is none.
+    /// Clicks the middle of a control with the left button once it stands still. False where there is none.
     bool click(const QString& name, QAccessible::Role role = QAccessible::NoRole);
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
@@ -45,6 +45,8 @@ public:
     QList<QQuickItem*> visibleItems() const;
 
 private:
+    void awaitRest(const QString& name, QAccessible::Role role);
+
     QQuickWindow& m_window;
 };
 
