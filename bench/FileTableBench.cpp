@@ -6,6 +6,7 @@
 #include "support/Timing.h"
 #include "views/base/LocaleFold.h"
 #include "views/files/FileListModel.h"
+#include "app/state/ScanState.h"
 
 #include <cstdio>
 #include <functional>
@@ -59,7 +60,7 @@ int main(int argc, char** argv) {
     FileListModel model;
     model.setFilter(&filter);
     model.setState(&state);
-    state.startScan(ScanTarget::folder("/root"));
+    state.scan()->startScan(ScanTarget::folder("/root"));
     app.walks.begun(0);
     app.walks.finish(0, test::randomScan(1, {.directories = 40'000, .files = rowCount}));
     test::eventually([&] { return model.count() == rowCount; });
@@ -90,6 +91,6 @@ int main(int argc, char** argv) {
         "select all", [&] { model.selectAll(); }, false);
     step("sort with all selected", [&] { model.sortBy(NodeTableModel::Size); });
     step("read the tree again after a deletion",
-         [&] { test::removeDeleted(state, {state.scan()->files.front()->path()}); });
+         [&] { test::removeDeleted(state, {state.scan()->scan()->files.front()->path()}); });
     return over == 0 ? 0 : 1;
 }

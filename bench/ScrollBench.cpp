@@ -6,6 +6,10 @@
 #include "support/Timing.h"
 #include "tables/SystemTables.h"
 #include "views/junk/JunkModel.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -76,7 +80,7 @@ int reportFiles() {
     app.preferences.values["initialSection"] = std::string("large");
     test::TestWindow window(app);
     window.resize(windowWidth, windowHeight);
-    app.state().startScan(ScanTarget::folder("/root"));
+    app.state().scan()->startScan(ScanTarget::folder("/root"));
     app.walks.begun(0);
     app.walks.finish(0, test::randomScan(1, {.directories = 40'000, .files = rows}));
     const QQuickItem* table = require(window.driver().await("Files", QAccessible::Table));
@@ -100,9 +104,9 @@ int reportJunk() {
     };
     test::TestWindow window(app);
     window.resize(windowWidth, windowHeight);
-    app.state().setSection(AppSection::junk);
-    app.state().loadJunk();
-    test::eventually([&] { return !app.state().junkLoading(); });
+    app.state().navigation()->setSection(AppSection::junk);
+    app.state().junk()->load();
+    test::eventually([&] { return !app.state().junk()->isLoading(); });
     const QQuickItem* list = require(window.driver().await("Found junk", QAccessible::List));
     auto* model = qobject_cast<JunkModel*>(list->property("model").value<QObject*>());
     for (int row = model->rowCount() - 1; row >= 0; --row)
@@ -118,8 +122,8 @@ int reportSheet() {
     std::vector<PlanItem> items;
     for (const JunkItem& item : test::longFinding("user-caches", 40'000).items)
         items.push_back({item.path, "item", item.size, Removal::trash, {Risk::safe, "because"}});
-    app.state().proposePlan(items, "Clean Junk");
-    test::eventually([&] { return app.state().plan() != nullptr; });
+    app.state().removal()->proposePlan(items, "Clean Junk");
+    test::eventually([&] { return app.state().removal()->plan() != nullptr; });
     return reportList("confirmation sheet, 40,000 rows", window, "Items of the plan");
 }
 
@@ -137,7 +141,7 @@ int reportHistory() {
     app.history.append(entries);
     test::TestWindow window(app);
     window.resize(windowWidth, windowHeight);
-    app.state().setSection(AppSection::history);
+    app.state().navigation()->setSection(AppSection::history);
     return reportList("History, 5,000 rows", window, "Deleted items");
 }
 

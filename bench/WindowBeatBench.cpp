@@ -6,6 +6,8 @@
 #include "support/BeatRecorder.h"
 #include "support/TestWindow.h"
 #include "support/Timing.h"
+#include "app/state/JunkState.h"
+#include "app/state/ScanState.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -114,11 +116,11 @@ public:
         test::TestWindow window(app);
         AppState& state = window.state();
         const auto scan = [&] {
-            return measure([&] { state.startScan(ScanTarget::folder(m_folder)); },
-                           [&] { return !state.isScanning(); });
+            return measure([&] { state.scan()->startScan(ScanTarget::folder(m_folder)); },
+                           [&] { return !state.scan()->isScanning(); });
         };
         const auto search = [&] {
-            return measure([&] { state.loadJunk(); }, [&] { return !state.junkLoading(); });
+            return measure([&] { state.junk()->load(); }, [&] { return !state.junk()->isLoading(); });
         };
         scan(); // fills the caches
         std::puts("| work | priority | s | ratio | beat, median ms | 95th | worst |\n"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/Appearance.h"
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 #include "app/UpdateController.h"
 #include "junk/JunkFinder.h"
 #include "platform/linux/FeedUpdateCheck.h"

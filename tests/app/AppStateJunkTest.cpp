@@ -2,6 +2,10 @@
 #include "support/MadeUpJunk.h"
 #include "support/TestApp.h"
 #include "tables/SystemTables.h"
+#include "app/state/JunkState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
 
 #include <deque>
 #include <future>
@@ -69,14 +73,14 @@ protected:
     void find(std::size_t search, Junk found) {
         ASSERT_TRUE(eventually([&] { return searches.started() > search; }));
         searches.finish(search, std::move(found));
-        ASSERT_TRUE(eventually([&] { return !state.junkLoading(); }));
+        ASSERT_TRUE(eventually([&] { return !state.junk()->isLoading(); }));
     }
     void reachReview(Junk found) {
-        state.setSmartPhase(SmartPhase::scanning);
-        state.startSmartScan();
+        state.quickClean()->setSmartPhase(SmartPhase::scanning);
+        state.quickClean()->startSmartScan();
         clock.advance(2s);
         find(searches.coming(), std::move(found));
-        ASSERT_EQ(state.smartPhase(), SmartPhase::review);
+        ASSERT_EQ(state.quickClean()->smartPhase(), SmartPhase::review);
     }
 
     void TearDown() override { searches.finishAll(); }
@@ -101,15 +105,15 @@ private:
 };
 
 TEST_F(AppStateJunk, scanningLastsItsShortestTimeHoweverFastTheDisk) {
-    state.setSmartPhase(SmartPhase::scanning);
-    state.startSmartScan();
-    EXPECT_TRUE(state.junkLoading());
+    state.quickClean()->setSmartPhase(SmartPhase::scanning);
+    state.quickClean()->startSmartScan();
+    EXPECT_TRUE(state.junk()->isLoading());
     find(0, mixedJunk());
     clock.advance(1599ms);
-    EXPECT_EQ(state.smartPhase(), SmartPhase::scanning);
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::scanning);
     clock.advance(1ms);
-    EXPECT_EQ(state.smartPhase(), SmartPhase::review);
-    EXPECT_EQ(state.smartSelectedSize(), 500) << "a review rule starts unticked";
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::review);
+    EXPECT_EQ(state.quickClean()->smartSelectedSize(), 500) << "a review rule starts unticked";
 }
 
 TEST_F(AppStateJunk, slowScanIsReviewedAtOnce) {
@@ -119,92 +123,92 @@ TEST_F(AppStateJunk, slowScanIsReviewedAtOnce) {
 TEST_F(AppStateJunk, cleanAsksForTickedItemsOnceAndEndsWithAReportAndAFreshList) {
     preferences.setValue("permanentDelete", true);
     reachReview(mixedJunk());
-    state.setRuleSelected(QStringLiteral("old-installers"), true);
-    state.setRuleSelected(QStringLiteral("user-caches"), false);
+    state.quickClean()->setRuleSelected(QStringLiteral("old-installers"), true);
+    state.quickClean()->setRuleSelected(QStringLiteral("user-caches"), false);
     report.movedToTrash = 100;
     report.deletedPaths = {"/junk/old-installers/x.dmg"};
 
-    state.startSmartClean();
-    state.startSmartClean(); // a double press
-    EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning);
-    ASSERT_TRUE(eventually([&] { return state.junk()[1].items.empty(); }));
-    EXPECT_EQ(state.smartPhase(), SmartPhase::cleaning) << "the stage can be read";
-    EXPECT_EQ(state.lastReport(), nullptr);
-    ASSERT_TRUE(eventually([&] { return state.toast().has_value(); }));
+    state.quickClean()->startSmartClean();
+    state.quickClean()->startSmartClean(); // a double press
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::cleaning);
+    ASSERT_TRUE(eventually([&] { return state.junk()->findings()[1].items.empty(); }));
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::cleaning) << "the stage can be read";
+    EXPECT_EQ(state.quickClean()->lastReport(), nullptr);
+    ASSERT_TRUE(eventually([&] { return state.notice()->toast().has_value(); }));
     clock.advance(1200ms);
 
-    EXPECT_EQ(state.smartPhase(), SmartPhase::done);
-    ASSERT_NE(state.lastReport(), nullptr);
-    EXPECT_EQ(*state.lastReport(), report);
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::done);
+    ASSERT_NE(state.quickClean()->lastReport(), nullptr);
+    EXPECT_EQ(*state.quickClean()->lastReport(), report);
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0].path, "/junk/old-installers/x.dmg");
     EXPECT_EQ(asked[0].removal, Removal::trash) << "the rule's way, whatever the preference says";
     find(1, {madeUpFinding("trash", {{"x.dmg", 100}})});
-    EXPECT_EQ(state.junk().front().rule.id, "trash");
-    EXPECT_EQ(state.smartPhase(), SmartPhase::done);
+    EXPECT_EQ(state.junk()->findings().front().rule.id, "trash");
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::done);
 }
 
 TEST_F(AppStateJunk, cleanWithNothingTickedChangesNothing) {
     reachReview({madeUpFinding("old-installers", {{"x.dmg", 100}})});
-    state.startSmartClean();
-    EXPECT_EQ(state.smartPhase(), SmartPhase::review);
+    state.quickClean()->startSmartClean();
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::review);
     EXPECT_TRUE(asked.empty());
 }
 
 TEST_F(AppStateJunk, ticksOutliveStartingOverAndANewScan) {
     reachReview(mixedJunk());
-    state.setRuleSelected(QStringLiteral("trash"), false);
-    state.setSmartPhase(SmartPhase::idle);
+    state.quickClean()->setRuleSelected(QStringLiteral("trash"), false);
+    state.quickClean()->setSmartPhase(SmartPhase::idle);
     reachReview(mixedJunk());
-    EXPECT_FALSE(state.smartSelection().contains("trash"));
-    EXPECT_TRUE(state.smartSelection().contains("user-caches"));
+    EXPECT_FALSE(state.quickClean()->smartSelection().contains("trash"));
+    EXPECT_TRUE(state.quickClean()->smartSelection().contains("user-caches"));
 }
 
 TEST_F(AppStateJunk, searchesNeverPileUpAndOnlyTheLastIsPublished) {
     for (int i = 0; i < 10; ++i)
-        state.loadJunk();
-    state.setSmartPhase(SmartPhase::scanning);
-    state.startSmartScan();
+        state.junk()->load();
+    state.quickClean()->setSmartPhase(SmartPhase::scanning);
+    state.quickClean()->startSmartScan();
     clock.advance(2s);
     ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
     searches.finish(0, {});
     ASSERT_TRUE(eventually([&] { return searches.started() == 2; }));
-    EXPECT_EQ(state.smartPhase(), SmartPhase::scanning) << "what was asked for last is not there yet";
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::scanning) << "what was asked for last is not there yet";
     find(1, mixedJunk());
-    EXPECT_EQ(state.smartPhase(), SmartPhase::review);
-    EXPECT_EQ(state.junk().size(), 2U);
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::review);
+    EXPECT_EQ(state.junk()->findings().size(), 2U);
     EXPECT_EQ(searches.started(), 2U);
 }
 
 TEST_F(AppStateJunk, whatIsRemovedWhileASearchRunsIsNotPublishedByIt) {
-    state.loadJunk();
+    state.junk()->load();
     ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
     ASSERT_TRUE(test::removeDeleted(state, {"/junk/user-caches/a", "/junk/old-installers/x.dmg"}));
     find(0, mixedJunk());
-    ASSERT_EQ(state.junk().size(), 1U);
-    EXPECT_EQ(state.junk()[0].total(), 200);
+    ASSERT_EQ(state.junk()->findings().size(), 1U);
+    EXPECT_EQ(state.junk()->findings()[0].total(), 200);
 }
 
 TEST_F(AppStateJunk, removedItemsLeaveTheListAndAnEmptiedFindingStays) {
     reachReview(mixedJunk());
     ASSERT_TRUE(
         test::removeDeleted(state, {"/junk/user-caches/b", "/junk/old-installers/x.dmg", "/elsewhere"}));
-    ASSERT_EQ(state.junk().size(), 2U);
-    EXPECT_EQ(state.junk()[0].total(), 300);
-    EXPECT_TRUE(state.junk()[1].items.empty());
+    ASSERT_EQ(state.junk()->findings().size(), 2U);
+    EXPECT_EQ(state.junk()->findings()[0].total(), 300);
+    EXPECT_TRUE(state.junk()->findings()[1].items.empty());
 }
 
 TEST_F(AppStateJunk, planForChosenItemsCarriesTheRulesRemovalAndAFreshVerdict) {
     const JunkRule& caches = test::macRule("user-caches");
     const JunkItem item{"/Users/sam/Library/Caches/com.example.a", caches.id, 70, 3, {}};
     const JunkItem folder{"/Users/sam/Library/Caches", caches.id, 70, 3, {}};
-    state.proposeJunkPlan({{item, caches.removal}, {folder, Removal::trash}});
-    EXPECT_TRUE(state.hasPlan()) << "the sheet opens at once";
-    ASSERT_TRUE(eventually([&] { return state.plan() != nullptr; }));
+    state.junk()->proposePlan({{item, caches.removal}, {folder, Removal::trash}});
+    EXPECT_TRUE(state.removal()->hasPlan()) << "the sheet opens at once";
+    ASSERT_TRUE(eventually([&] { return state.removal()->plan() != nullptr; }));
 
     const SafetyPolicy policy(app.homeFolder, macosTables().safety, macosTables().junk.rules, app.bundles,
                               app.running);
-    const DeletionPlan& plan = *state.plan();
+    const DeletionPlan& plan = *state.removal()->plan();
     EXPECT_EQ(plan.title, "Clean Junk");
     ASSERT_FALSE(plan.items.empty());
     for (const PlanItem& row : plan.items)

@@ -2,6 +2,11 @@
 #include "support/SyntheticTree.h"
 #include "support/TemporaryTree.h"
 #include "support/TestApp.h"
+#include "app/state/AccessState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <atomic>
@@ -30,70 +35,70 @@ bool isCancelled(Scanner& scanner) {
 TEST(AppStateScan, publishesTheFinishedScan) {
     TestApp app;
     AppState& state = app.state();
-    state.startScan(ScanTarget::folder("/Users/sam/Movies"));
-    EXPECT_TRUE(state.isScanning());
+    state.scan()->startScan(ScanTarget::folder("/Users/sam/Movies"));
+    EXPECT_TRUE(state.scan()->isScanning());
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/Movies");
 
     app.volumes.info->available = 7;
     const auto result = resultOf("/Users/sam/Movies");
     app.walks.finish(0, result);
-    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
-    EXPECT_EQ(state.scan(), result);
-    EXPECT_EQ(state.explorerStack(), std::vector<FileNode*>{result->root});
-    EXPECT_EQ(state.revision(), 1);
-    EXPECT_EQ(state.volume()->available, 7);
+    ASSERT_TRUE(eventually([&] { return !state.scan()->isScanning(); }));
+    EXPECT_EQ(state.scan()->scan(), result);
+    EXPECT_EQ(state.navigation()->explorerStack(), std::vector<FileNode*>{result->root});
+    EXPECT_EQ(state.scan()->revision(), 1);
+    EXPECT_EQ(state.scan()->volume()->available, 7);
 }
 
 TEST(AppStateScan, lateResultOfAReplacedScanIsDropped) {
     TestApp app;
     AppState& state = app.state();
-    state.startScan(ScanTarget::folder("/first"));
+    state.scan()->startScan(ScanTarget::folder("/first"));
     Scanner& first = *app.walks.begun(0).scanner;
-    state.startScan(ScanTarget::folder("/second"));
+    state.scan()->startScan(ScanTarget::folder("/second"));
     app.walks.begun(1);
     EXPECT_TRUE(isCancelled(first));
 
     app.walks.finish(0, resultOf("/first"));
     const auto second = resultOf("/second");
     app.walks.finish(1, second);
-    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
-    EXPECT_EQ(state.scan(), second);
-    EXPECT_EQ(state.revision(), 1);
+    ASSERT_TRUE(eventually([&] { return !state.scan()->isScanning(); }));
+    EXPECT_EQ(state.scan()->scan(), second);
+    EXPECT_EQ(state.scan()->revision(), 1);
 }
 
 TEST(AppStateScan, lateResultBeforeTheNewOneLeavesTheNewScanRunning) {
     TestApp app;
     AppState& state = app.state();
-    QSignalSpy scanning(&state, &AppState::isScanningChanged);
-    state.startScan(ScanTarget::folder("/first"));
+    QSignalSpy scanning(state.scan(), &ScanState::isScanningChanged);
+    state.scan()->startScan(ScanTarget::folder("/first"));
     app.walks.begun(0);
-    state.startScan(ScanTarget::folder("/second"));
+    state.scan()->startScan(ScanTarget::folder("/second"));
     app.walks.begun(1).progress(5, 50, "/second/a");
     app.walks.finish(0, resultOf("/first"));
-    ASSERT_TRUE(eventually([&] { return state.progress().files == 5; }));
+    ASSERT_TRUE(eventually([&] { return state.scan()->progress().files == 5; }));
     handleEvents();
-    EXPECT_TRUE(state.isScanning());
-    EXPECT_EQ(state.scan(), nullptr);
+    EXPECT_TRUE(state.scan()->isScanning());
+    EXPECT_EQ(state.scan()->scan(), nullptr);
     EXPECT_EQ(scanning.count(), 1);
 }
 
 TEST(AppStateScan, stoppedScanChangesNothingAtItsEnd) {
     TestApp app;
     AppState& state = app.state();
-    state.startScan(ScanTarget::home());
+    state.scan()->startScan(ScanTarget::home());
     Scanner& scanner = *app.walks.begun(0).scanner;
-    state.cancelScan();
-    EXPECT_FALSE(state.isScanning());
+    state.scan()->cancelScan();
+    EXPECT_FALSE(state.scan()->isScanning());
     EXPECT_TRUE(isCancelled(scanner));
 
     const auto volumeReads = std::count(app.log.begin(), app.log.end(), "volume /");
     app.walks.finish(0, resultOf("/Users/sam"));
     // The next scan's end is handed back after the stopped one's.
-    state.startScan(ScanTarget::folder("/next"));
+    state.scan()->startScan(ScanTarget::folder("/next"));
     app.walks.finish(1, nullptr);
-    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
-    EXPECT_EQ(state.scan(), nullptr);
-    EXPECT_EQ(state.revision(), 0);
+    ASSERT_TRUE(eventually([&] { return !state.scan()->isScanning(); }));
+    EXPECT_EQ(state.scan()->scan(), nullptr);
+    EXPECT_EQ(state.scan()->revision(), 0);
     EXPECT_EQ(std::count(app.log.begin(), app.log.end(), "volume /"), volumeReads + 1);
 }
 
@@ -101,73 +106,73 @@ TEST(AppStateScan, scanWithoutAResultKeepsThePreviousOne) {
     TestApp app;
     AppState& state = app.state();
     const auto result = resultOf("/Users/sam");
-    state.startScan(ScanTarget::home());
+    state.scan()->startScan(ScanTarget::home());
     app.walks.finish(0, result);
-    ASSERT_TRUE(eventually([&] { return state.hasScan(); }));
-    state.startScan(ScanTarget::folder("/vanished"));
+    ASSERT_TRUE(eventually([&] { return state.scan()->hasScan(); }));
+    state.scan()->startScan(ScanTarget::folder("/vanished"));
     app.walks.finish(1, nullptr);
-    ASSERT_TRUE(eventually([&] { return !state.isScanning(); }));
-    EXPECT_EQ(state.scan(), result);
-    EXPECT_EQ(state.revision(), 1);
+    ASSERT_TRUE(eventually([&] { return !state.scan()->isScanning(); }));
+    EXPECT_EQ(state.scan()->scan(), result);
+    EXPECT_EQ(state.scan()->revision(), 1);
 }
 
 TEST(AppStateScan, progressOfAStoppedScanIsNotShown) {
     TestApp app;
     AppState& state = app.state();
-    state.startScan(ScanTarget::home());
+    state.scan()->startScan(ScanTarget::home());
     app.walks.begun(0).progress(10, 1'000, "/Users/sam/Documents");
-    ASSERT_TRUE(eventually([&] { return state.progress().files == 10; }));
-    EXPECT_EQ(state.progressPath(), "~/Documents");
+    ASSERT_TRUE(eventually([&] { return state.scan()->progress().files == 10; }));
+    EXPECT_EQ(state.scan()->progressPath(), "~/Documents");
 
-    state.cancelScan();
+    state.scan()->cancelScan();
     app.walks.begun(0).progress(20, 2'000, "/Users/sam/Movies");
-    state.startScan();
-    EXPECT_EQ(state.progress(), ScanProgressSnapshot());
+    state.scan()->startScan();
+    EXPECT_EQ(state.scan()->progress(), ScanProgressSnapshot());
     app.walks.begun(1).progress(3, 30, "/a");
-    ASSERT_TRUE(eventually([&] { return state.progress().files == 3; }));
+    ASSERT_TRUE(eventually([&] { return state.scan()->progress().files == 3; }));
 }
 
 TEST(AppStateScan, onlyTargetsThatNeedAccessAreHeldBackUntilSkipped) {
     TestApp app;
     app.probe.granted = false;
     AppState& state = app.state();
-    state.startScan(ScanTarget::home());
-    EXPECT_TRUE(state.showAccessOnboarding());
-    EXPECT_FALSE(state.isScanning());
+    state.scan()->startScan(ScanTarget::home());
+    EXPECT_TRUE(state.access()->showAccessOnboarding());
+    EXPECT_FALSE(state.scan()->isScanning());
 
-    state.startScan(ScanTarget::folder("/Users/sam/Movies"));
-    EXPECT_TRUE(state.isScanning());
+    state.scan()->startScan(ScanTarget::folder("/Users/sam/Movies"));
+    EXPECT_TRUE(state.scan()->isScanning());
     app.walks.begun(0);
-    state.cancelScan();
+    state.scan()->cancelScan();
 
-    state.startScan(ScanTarget::wholeDisk());
-    EXPECT_FALSE(state.isScanning());
-    state.scanWithoutAccess();
-    EXPECT_FALSE(state.showAccessOnboarding());
-    EXPECT_TRUE(state.isScanning());
-    EXPECT_EQ(state.scanTarget(), ScanTarget::wholeDisk());
+    state.scan()->startScan(ScanTarget::wholeDisk());
+    EXPECT_FALSE(state.scan()->isScanning());
+    state.access()->scanWithoutAccess();
+    EXPECT_FALSE(state.access()->showAccessOnboarding());
+    EXPECT_TRUE(state.scan()->isScanning());
+    EXPECT_EQ(state.scan()->scanTarget(), ScanTarget::wholeDisk());
     EXPECT_EQ(app.preferences.values["accessOnboardingSkipped"], PreferenceValue(true));
 
-    state.startScan(ScanTarget::home());
-    EXPECT_FALSE(state.showAccessOnboarding());
+    state.scan()->startScan(ScanTarget::home());
+    EXPECT_FALSE(state.access()->showAccessOnboarding());
 }
 
 TEST(AppStateScan, exclusionsOfTheMomentGoIntoTheScan) {
     TestApp app;
     app.preferences.values["excludedPaths"] = std::string("/Users/sam/Big\n\n/Volumes/x\n/Volumes/x\n");
-    app.state().startScan(ScanTarget::home());
+    app.state().scan()->startScan(ScanTarget::home());
     EXPECT_THAT(app.walks.begun(0).excluded, UnorderedElementsAre("/Users/sam/Big", "/Volumes/x"));
-    app.state().setExcludedRaw("");
-    app.state().startScan();
+    app.state().preferences()->setExcludedRaw("");
+    app.state().scan()->startScan();
     EXPECT_TRUE(app.walks.begun(1).excluded.empty());
 }
 
 TEST(AppStateScan, chosenFolderBecomesTheTarget) {
     TestApp app;
-    app.state().chooseFolderToScan();
-    EXPECT_FALSE(app.state().isScanning());
+    app.state().scan()->chooseFolderToScan();
+    EXPECT_FALSE(app.state().scan()->isScanning());
     app.panels.choice = "/Users/sam/\xff";
-    app.state().chooseFolderToScan();
+    app.state().scan()->chooseFolderToScan();
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam/\xff");
 }
 
@@ -179,11 +184,11 @@ TEST(AppStateScan, placesThatCannotBeScannedEndInAClearState) {
             return scanner.scan(path, excluded, progress);
         };
         app.homeFolder = place;
-        app.state().startScan(ScanTarget::home());
-        EXPECT_TRUE(eventually([&] { return !app.state().isScanning(); })) << place;
-        EXPECT_FALSE(app.state().hasScan()) << place;
-        ASSERT_TRUE(app.state().toast().has_value()) << place;
-        EXPECT_THAT(app.state().toast()->message, testing::HasSubstr("“Home folder” couldn’t be scanned."));
+        app.state().scan()->startScan(ScanTarget::home());
+        EXPECT_TRUE(eventually([&] { return !app.state().scan()->isScanning(); })) << place;
+        EXPECT_FALSE(app.state().scan()->hasScan()) << place;
+        ASSERT_TRUE(app.state().notice()->toast().has_value()) << place;
+        EXPECT_THAT(app.state().notice()->toast()->message, testing::HasSubstr("“Home folder” couldn’t be scanned."));
     }
 }
 
@@ -191,7 +196,7 @@ TEST(AppStateScan, whatIsDeletedWhileAScanRunsIsLeftOutOfIt) {
     TestApp app;
     test::SyntheticTree tree("/Users/sam");
     FileNode* film = tree.file(tree.root(), "film.mov", 4'000'000);
-    app.state().startScan(ScanTarget::home());
+    app.state().scan()->startScan(ScanTarget::home());
     app.walks.begun(0);
     ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/film.mov"}));
     app.walks.finish(0, tree.finish());
@@ -207,11 +212,11 @@ TEST(AppStateScan, homeFolderThatIsALinkIsScannedWhereItLeads) {
         return scanner.scan(path, excluded, progress);
     };
     app.homeFolder = tree.path("home");
-    app.state().startScan(ScanTarget::home());
-    ASSERT_TRUE(eventually([&] { return !app.state().isScanning(); }));
-    ASSERT_TRUE(app.state().hasScan());
-    EXPECT_EQ(app.state().scan()->totalFiles, 1);
-    EXPECT_FALSE(app.state().toast().has_value());
+    app.state().scan()->startScan(ScanTarget::home());
+    ASSERT_TRUE(eventually([&] { return !app.state().scan()->isScanning(); }));
+    ASSERT_TRUE(app.state().scan()->hasScan());
+    EXPECT_EQ(app.state().scan()->scan()->totalFiles, 1);
+    EXPECT_FALSE(app.state().notice()->toast().has_value());
 }
 
 TEST(AppStateScan, closingTheApplicationEndsARunningScan) {
@@ -224,7 +229,7 @@ TEST(AppStateScan, closingTheApplicationEndsARunningScan) {
         cancelled = true;
         return std::shared_ptr<ScanResult>();
     };
-    app->state().startScan(ScanTarget::home());
+    app->state().scan()->startScan(ScanTarget::home());
     app.reset();
     EXPECT_TRUE(cancelled);
 }

@@ -1,6 +1,12 @@
 // Creation and navigation of the central state.
 #include "support/SyntheticTree.h"
 #include "support/TestApp.h"
+#include "app/state/AccessState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,19 +33,19 @@ TEST(AppState, isCreatedInItsOrder) {
 TEST(AppState, beginsWithItsInitialValues) {
     TestApp app;
     const AppState& state = app.state();
-    EXPECT_EQ(state.section(), AppSection::smartClean);
-    EXPECT_EQ(state.scanTarget(), ScanTarget::wholeDisk());
-    EXPECT_FALSE(state.isScanning());
-    EXPECT_EQ(state.progress(), ScanProgressSnapshot());
-    EXPECT_EQ(state.scan(), nullptr);
-    EXPECT_EQ(state.revision(), 0);
-    EXPECT_EQ(state.volume(), app.volumes.info);
-    EXPECT_TRUE(state.explorerStack().empty());
-    EXPECT_FALSE(state.hasPlan());
-    EXPECT_FALSE(state.toast().has_value());
-    EXPECT_TRUE(state.hasFullDiskAccess());
-    EXPECT_FALSE(state.permanentDelete());
-    EXPECT_FALSE(state.showAccessOnboarding());
+    EXPECT_EQ(state.navigation()->section(), AppSection::smartClean);
+    EXPECT_EQ(state.scan()->scanTarget(), ScanTarget::wholeDisk());
+    EXPECT_FALSE(state.scan()->isScanning());
+    EXPECT_EQ(state.scan()->progress(), ScanProgressSnapshot());
+    EXPECT_EQ(state.scan()->scan(), nullptr);
+    EXPECT_EQ(state.scan()->revision(), 0);
+    EXPECT_EQ(state.scan()->volume(), app.volumes.info);
+    EXPECT_TRUE(state.navigation()->explorerStack().empty());
+    EXPECT_FALSE(state.removal()->hasPlan());
+    EXPECT_FALSE(state.notice()->toast().has_value());
+    EXPECT_TRUE(state.access()->hasFullDiskAccess());
+    EXPECT_FALSE(state.preferences()->permanentDelete());
+    EXPECT_FALSE(state.access()->showAccessOnboarding());
 }
 
 TEST(AppState, opensOnThePreferredSection) {
@@ -53,7 +59,7 @@ TEST(AppState, opensOnThePreferredSection) {
     for (const auto& [stored, expected] : cases) {
         TestApp app;
         app.preferences.values["initialSection"] = stored;
-        EXPECT_EQ(app.state().section(), expected);
+        EXPECT_EQ(app.state().navigation()->section(), expected);
     }
 }
 
@@ -66,7 +72,7 @@ TEST(AppState, scansByItselfOnlyWhereToldTo) {
     for (const Case& each : {Case{"home", "/Users/sam"}, {"disk", disk}, {"", {}}, {"Home", {}}}) {
         TestApp app;
         app.preferences.values["autoScan"] = std::string(each.stored);
-        EXPECT_EQ(app.state().isScanning(), each.root.has_value()) << each.stored;
+        EXPECT_EQ(app.state().scan()->isScanning(), each.root.has_value()) << each.stored;
         if (each.root) {
             EXPECT_EQ(app.walks.begun(0).rootPath, *each.root);
         }
@@ -77,25 +83,25 @@ TEST(AppState, automaticScanWithoutAccessRaisesTheSheetInstead) {
     TestApp app;
     app.probe.granted = false;
     app.preferences.values["autoScan"] = std::string("disk");
-    EXPECT_TRUE(app.state().showAccessOnboarding());
-    EXPECT_FALSE(app.state().isScanning());
+    EXPECT_TRUE(app.state().access()->showAccessOnboarding());
+    EXPECT_FALSE(app.state().scan()->isScanning());
 }
 
 TEST(AppState, unknownSectionIsIgnored) {
     TestApp app;
-    QSignalSpy changed(&app.state(), &AppState::sectionChanged);
-    app.state().setSectionRaw("junk");
-    app.state().setSectionRaw("rubbish");
-    EXPECT_EQ(app.state().section(), AppSection::junk);
+    QSignalSpy changed(&app.state(), &NavigationState::sectionChanged);
+    app.state().navigation()->setSectionRaw("junk");
+    app.state().navigation()->setSectionRaw("rubbish");
+    EXPECT_EQ(app.state().navigation()->section(), AppSection::junk);
     EXPECT_EQ(changed.count(), 1);
 }
 
 TEST(AppState, changedPreferencesAreStoredAndPublished) {
     TestApp app;
-    QSignalSpy excluded(&app.state(), &AppState::excludedRawChanged);
-    QSignalSpy permanent(&app.state(), &AppState::permanentDeleteChanged);
-    app.state().setExcludedRaw("/Users/sam/Big");
-    app.state().setPermanentDelete(true);
+    QSignalSpy excluded(&app.state(), &PreferencesState::excludedRawChanged);
+    QSignalSpy permanent(&app.state(), &PreferencesState::permanentDeleteChanged);
+    app.state().preferences()->setExcludedRaw("/Users/sam/Big");
+    app.state().preferences()->setPermanentDelete(true);
     EXPECT_EQ(app.preferences.values["excludedPaths"], PreferenceValue(std::string("/Users/sam/Big")));
     EXPECT_EQ(app.preferences.values["permanentDelete"], PreferenceValue(true));
     EXPECT_EQ(excluded.count(), 1);
@@ -104,25 +110,25 @@ TEST(AppState, changedPreferencesAreStoredAndPublished) {
 
 TEST(AppState, excludedFoldersAreKeptWithoutTheVolumesPrefix) {
     TestApp app;
-    app.state().excludeFolder("/System/Volumes/Data/Users/sam/Big");
-    app.state().excludeFolder("/Users/sam/Other");
+    app.state().preferences()->excludeFolder("/System/Volumes/Data/Users/sam/Big");
+    app.state().preferences()->excludeFolder("/Users/sam/Other");
     EXPECT_EQ(app.preferences.values["excludedPaths"],
               PreferenceValue(std::string("/Users/sam/Big\n/Users/sam/Other")));
-    app.state().includeFolderAgain(0);
-    EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
-    EXPECT_FALSE(app.state().toast().has_value());
-    app.state().excludeFolder("/Users/sam/two\nlines");
-    EXPECT_EQ(app.state().excludedRaw(), "/Users/sam/Other");
-    ASSERT_TRUE(app.state().toast().has_value()) << "a refusal is told";
-    EXPECT_EQ(app.state().toast()->message,
+    app.state().preferences()->includeFolderAgain(0);
+    EXPECT_EQ(app.state().preferences()->excludedRaw(), "/Users/sam/Other");
+    EXPECT_FALSE(app.state().notice()->toast().has_value());
+    app.state().preferences()->excludeFolder("/Users/sam/two\nlines");
+    EXPECT_EQ(app.state().preferences()->excludedRaw(), "/Users/sam/Other");
+    ASSERT_TRUE(app.state().notice()->toast().has_value()) << "a refusal is told";
+    EXPECT_EQ(app.state().notice()->toast()->message,
               "This folder can’t be excluded: its path has a line break in it.");
 }
 
 TEST(AppState, removingNothingChangesNothing) {
     TestApp app;
-    QSignalSpy revision(&app.state(), &AppState::revisionChanged);
+    QSignalSpy revision(&app.state(), &ScanState::revisionChanged);
     ASSERT_TRUE(test::removeDeleted(app.state(), {}));
-    EXPECT_EQ(app.state().revision(), 0);
+    EXPECT_EQ(app.state().scan()->revision(), 0);
     EXPECT_EQ(revision.count(), 0);
 }
 
@@ -132,23 +138,23 @@ TEST(AppState, removedPathsLeaveTheTreeAndItsTotals) {
     FileNode* movies = tree.directory(tree.root(), "Movies");
     FileNode* film = tree.file(movies, "film.mov", 4'000'000);
     tree.file(tree.root(), "kept.zip", 2'000'000);
-    app.state().startScan(ScanTarget::home());
+    app.state().scan()->startScan(ScanTarget::home());
     app.walks.finish(0, tree.finish());
-    ASSERT_TRUE(test::eventually([&] { return app.state().hasScan(); }));
-    const std::int64_t before = app.state().scan()->root->size;
+    ASSERT_TRUE(test::eventually([&] { return app.state().scan()->hasScan(); }));
+    const std::int64_t before = app.state().scan()->scan()->root->size;
 
-    QSignalSpy scanChanged(&app.state(), &AppState::scanChanged);
+    QSignalSpy scanChanged(&app.state(), &ScanState::scanChanged);
     ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/Movies/film.mov"}));
     EXPECT_TRUE(film->deleted);
-    EXPECT_EQ(app.state().scan()->root->size, before - 4'000'000);
-    EXPECT_EQ(app.state().revision(), 2);
+    EXPECT_EQ(app.state().scan()->scan()->root->size, before - 4'000'000);
+    EXPECT_EQ(app.state().scan()->revision(), 2);
     EXPECT_EQ(scanChanged.count(), 1);
 }
 
 TEST(AppState, removalWithoutAScanStillRaisesTheRevision) {
     TestApp app;
     ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/gone"}));
-    EXPECT_EQ(app.state().revision(), 1);
+    EXPECT_EQ(app.state().scan()->revision(), 1);
 }
 
 } // namespace

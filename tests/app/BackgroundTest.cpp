@@ -1,12 +1,15 @@
 // What goes on behind the window: searches, proposals, removals, and the end of all of them.
-#include "app/SearchedList.h"
-#include "app/TreeUpdates.h"
-#include "app/WorkGate.h"
+#include "app/background/SearchedList.h"
+#include "app/background/TreeUpdates.h"
+#include "app/background/WorkGate.h"
 #include "support/HeldWork.h"
 #include "support/MadeUpJunk.h"
 #include "support/SyntheticTree.h"
 #include "support/TestApp.h"
 #include "support/Timing.h"
+#include "app/state/JunkState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <atomic>
@@ -111,16 +114,16 @@ TEST(Proposals, onlyTheNewestIsPublished) {
     HeldWork first;
     HeldWork second;
     AppState& state = app.state();
-    state.proposePlan(heldDraft("first", first));
-    state.proposePlan(heldDraft("second", second));
-    EXPECT_EQ(state.proposal()->title, "second");
+    state.removal()->proposePlan(heldDraft("first", first));
+    state.removal()->proposePlan(heldDraft("second", second));
+    EXPECT_EQ(state.removal()->proposal()->title, "second");
     second.release();
-    ASSERT_TRUE(eventually([&] { return state.plan() != nullptr; }));
+    ASSERT_TRUE(eventually([&] { return state.removal()->plan() != nullptr; }));
     first.release();
-    state.loadJunk(); // takes as long as what was released
-    ASSERT_TRUE(eventually([&] { return !state.junkLoading(); }));
+    state.junk()->load(); // takes as long as what was released
+    ASSERT_TRUE(eventually([&] { return !state.junk()->isLoading(); }));
     handleEvents();
-    EXPECT_EQ(state.plan()->title, "second");
+    EXPECT_EQ(state.removal()->plan()->title, "second");
 }
 
 TEST(Proposals, cancelledSheetStaysAwayHoweverManyAreStillJudged) {
@@ -128,26 +131,26 @@ TEST(Proposals, cancelledSheetStaysAwayHoweverManyAreStillJudged) {
     HeldWork judging;
     AppState& state = app.state();
     for (const char* name : {"first", "second", "third"})
-        state.proposePlan(heldDraft(name, judging));
+        state.removal()->proposePlan(heldDraft(name, judging));
     ASSERT_TRUE(eventually([&] { return judging.begun() == 3; }));
-    state.cancelPlan();
-    EXPECT_FALSE(state.hasPlan());
-    QSignalSpy changed(&state, &AppState::planChanged);
+    state.removal()->cancelPlan();
+    EXPECT_FALSE(state.removal()->hasPlan());
+    QSignalSpy changed(state.removal(), &RemovalState::planChanged);
     judging.release();
     state.endWork(20s);
     handleEvents();
-    EXPECT_FALSE(state.hasPlan());
+    EXPECT_FALSE(state.removal()->hasPlan());
     EXPECT_EQ(changed.count(), 0);
 }
 
 TEST(Proposals, draftOfNothingOrWithoutItemsLeavesNoSheet) {
     TestApp app;
     AppState& state = app.state();
-    state.proposePlan(std::vector<PlanItem>(), "Nothing");
-    EXPECT_FALSE(state.hasPlan());
-    state.proposePlan({"Gone meanwhile", 3, 0, [](const auto&) { return std::vector<PlanItem>(); }});
-    EXPECT_TRUE(state.hasPlan());
-    EXPECT_TRUE(eventually([&] { return !state.hasPlan(); }));
+    state.removal()->proposePlan(std::vector<PlanItem>(), "Nothing");
+    EXPECT_FALSE(state.removal()->hasPlan());
+    state.removal()->proposePlan({"Gone meanwhile", 3, 0, [](const auto&) { return std::vector<PlanItem>(); }});
+    EXPECT_TRUE(state.removal()->hasPlan());
+    EXPECT_TRUE(eventually([&] { return !state.removal()->hasPlan(); }));
 }
 
 TEST(TreeUpdates, areMadeInTheOrderOfAskingHoweverLongTheFirst) {
@@ -191,7 +194,7 @@ protected:
         };
     }
     void remove(const std::string& path) {
-        app.state().runDeletion(
+        app.state().removal()->runDeletion(
             [path] {
                 return std::vector{DeletionRequest{{}, path, 1, Removal::trash}};
             },
@@ -252,9 +255,9 @@ TEST_F(Removing, quitWaitsForNothingElse) {
         hung.hold();
         return std::vector<JunkFinding>();
     };
-    app.state().loadJunk();
-    app.state().startScan(ScanTarget::home());
-    app.state().proposePlan(heldDraft("hung", hung));
+    app.state().junk()->load();
+    app.state().scan()->startScan(ScanTarget::home());
+    app.state().removal()->proposePlan(heldDraft("hung", hung));
     app.walks.begun(0);
     ASSERT_TRUE(eventually([&] { return hung.begun() == 2; }));
     EXPECT_TRUE(app.state().readyToQuit());

@@ -1,7 +1,7 @@
 // Time that stands still until a test moves it; what is due then runs.
 #pragma once
 
-#include "app/StageClock.h"
+#include "app/background/StageClock.h"
 
 #include <map>
 #include <QObject>

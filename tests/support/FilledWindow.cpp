@@ -1,5 +1,11 @@
 #include "support/FilledWindow.h"
 #include "tables/SystemTables.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 namespace brimlet::test {
 
@@ -60,31 +66,31 @@ void FilledWindow::fillServices() {
 
 void FilledWindow::finishScan() {
     const std::size_t walk = app.walks.count();
-    state().startScan(ScanTarget::folder("/Users/sam"));
+    state().scan()->startScan(ScanTarget::folder("/Users/sam"));
     app.walks.begun(walk);
     app.walks.finish(walk, manyFiles());
-    eventually([&] { return !state().isScanning(); });
+    eventually([&] { return !state().scan()->isScanning(); });
     handleEvents();
 }
 
 void FilledWindow::reachReview() {
-    state().setSection(AppSection::smartClean);
-    state().setSmartPhase(SmartPhase::scanning);
-    state().startSmartScan();
+    state().navigation()->setSection(AppSection::smartClean);
+    state().quickClean()->setSmartPhase(SmartPhase::scanning);
+    state().quickClean()->startSmartScan();
     eventually([&] {
         app.clock.advance(std::chrono::seconds(2));
-        return state().smartPhase() == SmartPhase::review;
+        return state().quickClean()->smartPhase() == SmartPhase::review;
     });
     handleEvents();
 }
 
 void FilledWindow::reachReport() {
-    state().startSmartClean();
+    state().quickClean()->startSmartClean();
     eventually([&] {
         app.clock.advance(std::chrono::seconds(2));
-        return state().smartPhase() == SmartPhase::done && !state().junkLoading();
+        return state().quickClean()->smartPhase() == SmartPhase::done && !state().junk()->isLoading();
     });
-    state().setToast(std::nullopt);
+    state().notice()->setToast(std::nullopt);
     handleEvents();
 }
 
@@ -100,8 +106,8 @@ void FilledWindow::showMixedPlan() {
             items.push_back(item);
         }
     }
-    state().proposePlan(std::move(items), "Delete Items");
-    eventually([&] { return state().plan() != nullptr; });
+    state().removal()->proposePlan(std::move(items), "Delete Items");
+    eventually([&] { return state().removal()->plan() != nullptr; });
     handleEvents();
 }
 
@@ -110,7 +116,7 @@ void FilledWindow::showNotice() {
     toast.message = "1.2 GB moved to Trash, 345.6 GB freed";
     toast.detail = "12 protected item(s) skipped. 34 item(s) couldn't be deleted. Details in History.";
     toast.undoable = std::make_shared<const std::vector<HistoryEntry>>(1);
-    state().setToast(std::move(toast));
+    state().notice()->setToast(std::move(toast));
     handleEvents();
 }
 

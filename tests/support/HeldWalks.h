@@ -1,7 +1,7 @@
 // Scans that wait until the test lets them go, so that a late result comes exactly when the test wants it.
 #pragma once
 
-#include "app/AppServices.h"
+#include "app/state/AppServices.h"
 
 #include <condition_variable>
 #include <deque>

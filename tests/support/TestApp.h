@@ -1,7 +1,7 @@
 // An AppState over fake services whose scans are held until the test lets them go.
 #pragma once
 
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/LinuxRecordStore.h"

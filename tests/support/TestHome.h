@@ -11,6 +11,9 @@
 #include "support/TestWindow.h"
 #include "support/TreeSnapshot.h"
 #include "tables/SystemTables.h"
+#include "app/state/JunkState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
 
 #include <ctime>
 #include <map>
@@ -75,12 +78,12 @@ public:
     /// Presses "Clean" and waits for the report.
     bool clean() { return driver().click(cleanButton(), QAccessible::Button) && reachReport(); }
     bool reachReport() {
-        return eventually([&] { return state().toast().has_value(); }) &&
+        return eventually([&] { return state().notice()->toast().has_value(); }) &&
                (app.clock.advance(std::chrono::seconds(2)), true) &&
-               eventually([&] { return state().smartPhase() == SmartPhase::done && !state().junkLoading(); });
+               eventually([&] { return state().quickClean()->smartPhase() == SmartPhase::done && !state().junk()->isLoading(); });
     }
     QString cleanButton() {
-        return QStringLiteral("Clean ") + QString::fromStdString(formatBytes(state().smartSelectedSize()));
+        return QStringLiteral("Clean ") + QString::fromStdString(formatBytes(state().quickClean()->smartSelectedSize()));
     }
 
     TestApp app;

@@ -1,8 +1,10 @@
 // The stops at the screens of files and folders.
-#include "app/AppSection.h"
+#include "app/state/AppSection.h"
 #include "support/TestApp.h"
 #include "support/WindowDriver.h"
 #include "tour/Tour.h"
+#include "app/state/NavigationState.h"
+#include "app/state/ScanState.h"
 
 #include <cmath>
 #include <QQuickItem>
@@ -42,7 +44,7 @@ Act pointAtMap(double rings, double turn) {
 
 void addFileLists(std::vector<Stop>& list) {
     list.push_back({"large-selection", [](BrimletApp& app) {
-                        app.state().setSection(AppSection::large);
+                        app.state().navigation()->setSection(AppSection::large);
                         handleEvents();
                         WindowDriver driver(windowOf(app));
                         driver.click(QStringLiteral("Video"));
@@ -64,14 +66,14 @@ void addFileLists(std::vector<Stop>& list) {
                         FileFilter filter;
                         filter.query = "no such file";
                         filter.pathPrefix = app.state().homeFolder() + "/Downloads/";
-                        app.state().setLargeFilter(filter);
+                        app.state().navigation()->setLargeFilter(filter);
                     }});
 }
 
 void addExplorer(std::vector<Stop>& list) {
     list.push_back({"explorer-map", [](BrimletApp& app) {
-                        app.state().setLargeFilter({});
-                        app.state().setSection(AppSection::explorer);
+                        app.state().navigation()->setLargeFilter({});
+                        app.state().navigation()->setSection(AppSection::explorer);
                         handleEvents();
                         click(QStringLiteral("Map"))(app);
                     }});
@@ -79,8 +81,8 @@ void addExplorer(std::vector<Stop>& list) {
     list.push_back({"explorer-folder", [](BrimletApp& app) {
                         click(QStringLiteral("List"))(app);
                         FileNode* downloads =
-                            app.state().scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
-                        app.state().setExplorerStack({app.state().scan()->root, downloads});
+                            app.state().scan()->scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
+                        app.state().navigation()->setExplorerStack({app.state().scan()->scan()->root, downloads});
                     }});
 }
 

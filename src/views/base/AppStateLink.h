@@ -1,7 +1,7 @@
 // The AppState that QML hands to an object of the screens: taken over, watched and let go in one place.
 #pragma once
 
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 
 #include <QPointer>
 

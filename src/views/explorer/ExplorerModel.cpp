@@ -6,6 +6,9 @@
 #include "views/components/Segment.h"
 #include "views/nodes/NodeLook.h"
 #include "views/nodes/NodePlans.h"
+#include "app/state/NavigationState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/ScanState.h"
 
 namespace brimlet {
 
@@ -18,9 +21,9 @@ constexpr std::string_view listMode = "list";
 } // namespace
 
 void ExplorerModel::watch(AppState& state) {
-    connect(&state, &AppState::explorerStackChanged, this, &ExplorerModel::changed);
-    connect(&state, &AppState::revisionChanged, this, &ExplorerModel::changed);
-    connect(&state, &AppState::scanTargetChanged, this, &ExplorerModel::changed);
+    connect(state.navigation(), &NavigationState::explorerStackChanged, this, &ExplorerModel::changed);
+    connect(state.scan(), &ScanState::revisionChanged, this, &ExplorerModel::changed);
+    connect(state.scan(), &ScanState::scanTargetChanged, this, &ExplorerModel::changed);
 }
 
 void ExplorerModel::read() {
@@ -29,14 +32,14 @@ void ExplorerModel::read() {
 }
 
 FileNode* ExplorerModel::current() const {
-    return state() && !state()->explorerStack().empty() ? state()->explorerStack().back() : nullptr;
+    return state() && !state()->navigation()->explorerStack().empty() ? state()->navigation()->explorerStack().back() : nullptr;
 }
 
 QStringList ExplorerModel::crumbs() const {
     QStringList crumbs;
     if (isEmpty())
         return crumbs;
-    for (const FileNode* node : state()->explorerStack())
+    for (const FileNode* node : state()->navigation()->explorerStack())
         crumbs << shownText(node->parent != nullptr ? std::string(node->name)
                                                     : displayPath(node->path(), state()->homeFolder()));
     return crumbs;
@@ -45,7 +48,7 @@ QStringList ExplorerModel::crumbs() const {
 QString ExplorerModel::title() const {
     if (isEmpty())
         return {};
-    return current()->parent != nullptr ? shownText(current()->name) : state()->scanTargetLabel();
+    return current()->parent != nullptr ? shownText(current()->name) : state()->scan()->scanTargetLabel();
 }
 
 QVariantList ExplorerModel::segments() const {
@@ -68,27 +71,27 @@ QString ExplorerModel::smallFilesNote() const {
 }
 
 bool ExplorerModel::showsMap() const {
-    return state() && state()->preferences().explorerMode() == mapMode;
+    return state() && state()->preferences()->stored().explorerMode() == mapMode;
 }
 
 void ExplorerModel::setShowsMap(bool map) {
     if (!state() || map == showsMap())
         return;
-    state()->preferences().setExplorerMode(std::string(map ? mapMode : listMode));
+    state()->preferences()->stored().setExplorerMode(std::string(map ? mapMode : listMode));
     emit showsMapChanged();
 }
 
 void ExplorerModel::goTo(int crumb) {
-    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= state()->explorerStack().size())
+    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= state()->navigation()->explorerStack().size())
         return;
-    std::vector<FileNode*> stack = state()->explorerStack();
+    std::vector<FileNode*> stack = state()->navigation()->explorerStack();
     stack.resize(static_cast<std::size_t>(crumb) + 1);
-    state()->setExplorerStack(std::move(stack));
+    state()->navigation()->setExplorerStack(std::move(stack));
 }
 
 void ExplorerModel::goUp() {
     if (canGoUp())
-        goTo(static_cast<int>(state()->explorerStack().size()) - 2);
+        goTo(static_cast<int>(state()->navigation()->explorerStack().size()) - 2);
 }
 
 void ExplorerModel::revealCurrent() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/base/AppStateReader.h"
+#include "app/state/NavigationState.h"
 
 #include <QVariantList>
 
@@ -26,7 +27,7 @@ public:
 
     bool isEmpty() const { return current() == nullptr; }
     QStringList crumbs() const;
-    bool canGoUp() const { return state() && state()->explorerStack().size() > 1; }
+    bool canGoUp() const { return state() && state()->navigation()->explorerStack().size() > 1; }
     QString title() const;
     double size() const { return isEmpty() ? 0 : static_cast<double>(current()->size); }
     double fileCount() const { return isEmpty() ? 0 : static_cast<double>(current()->fileCount); }

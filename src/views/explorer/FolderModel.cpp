@@ -1,4 +1,6 @@
 #include "views/explorer/FolderModel.h"
+#include "app/state/NavigationState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,19 +15,19 @@ void FolderModel::activate(int row) {
         state()->opener().revealPath(node->path());
         return;
     }
-    std::vector<FileNode*> stack = state()->explorerStack();
+    std::vector<FileNode*> stack = state()->navigation()->explorerStack();
     stack.push_back(node);
-    state()->setExplorerStack(std::move(stack));
+    state()->navigation()->setExplorerStack(std::move(stack));
 }
 
 void FolderModel::watch(AppState& state) {
     NodeTableModel::watch(state);
-    connect(&state, &AppState::explorerStackChanged, this, &FolderModel::read);
+    connect(state.navigation(), &NavigationState::explorerStackChanged, this, &FolderModel::read);
 }
 
 void FolderModel::read() {
-    const auto before = std::exchange(m_listedScan, state()->scan());
-    const std::vector<FileNode*> wayBefore = std::exchange(m_way, state()->explorerStack());
+    const auto before = std::exchange(m_listedScan, state()->scan()->scan());
+    const std::vector<FileNode*> wayBefore = std::exchange(m_way, state()->navigation()->explorerStack());
     if (m_way.empty()) {
         listNothing();
         return;

@@ -3,6 +3,7 @@
 #include "app/Formats.h"
 #include "core/Localized.h"
 #include "views/files/CsvExport.h"
+#include "app/state/ScanState.h"
 
 namespace brimlet {
 
@@ -29,14 +30,14 @@ void FileListModel::setOnlyKind(int kind) {
 void FileListModel::read() {
     if (!state() || !m_filter)
         return;
-    if (!state()->hasScan()) {
+    if (!state()->scan()->hasScan()) {
         listNothing();
         return;
     }
     FileFilter filter = m_filter->value();
     if (m_onlyKind >= 0)
         filter.kinds = {static_cast<FileKind>(m_onlyKind)};
-    listFiles(state()->scan(), filter);
+    listFiles(state()->scan()->scan(), filter);
 }
 
 QString FileListModel::smallFilesNote() const {

@@ -4,6 +4,7 @@
 #include "core/Paths.h"
 #include "platform/HomeFolder.h"
 #include "views/nodes/NodeLook.h"
+#include "app/state/NavigationState.h"
 
 #include <algorithm>
 #include <array>
@@ -65,7 +66,7 @@ void FilterEditor::setShared(AppState* shared) {
         m_shared->disconnect(this);
     m_shared = shared;
     if (m_shared)
-        connect(m_shared, &AppState::largeFilterChanged, this, &FilterEditor::changed);
+        connect(m_shared, &NavigationState::largeFilterChanged, this, &FilterEditor::changed);
     emit sharedChanged();
     emit changed();
 }

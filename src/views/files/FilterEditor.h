@@ -2,7 +2,7 @@
 // Main thread.
 #pragma once
 
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 
 #include <QObject>
 #include <QPointer>

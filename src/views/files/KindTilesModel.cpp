@@ -2,6 +2,7 @@
 
 #include "app/Texts.h"
 #include "views/nodes/NodeLook.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <QColor>
@@ -18,13 +19,13 @@ std::int64_t entryOf(const std::map<FileKind, std::int64_t>& totals, FileKind ki
 } // namespace
 
 void KindTilesModel::watch(AppState& state) {
-    connect(&state, &AppState::revisionChanged, this, &KindTilesModel::read);
+    connect(state.scan(), &ScanState::revisionChanged, this, &KindTilesModel::read);
 }
 
 void KindTilesModel::read() {
     std::vector<Tile> tiles;
-    if (state()->hasScan()) {
-        const ScanResult& scan = *state()->scan();
+    if (state()->scan()->hasScan()) {
+        const ScanResult& scan = *state()->scan()->scan();
         for (const FileKind kind : allFileKinds())
             tiles.push_back({kind, entryOf(scan.kindTotals, kind), entryOf(scan.kindCounts, kind)});
         std::ranges::stable_sort(tiles, std::greater(), &Tile::size);

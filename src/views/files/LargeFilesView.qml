@@ -22,11 +22,11 @@ FocusScope {
         anchors.fill: parent
         message: qsTr("Scan your disk to list every file over 512 KB, with filters for size, date, type and category.")
         title: qsTr("Large and old files")
-        visible: !App.hasScan
+        visible: !App.scan.hasScan
     }
     TablePage {
         anchors.fill: parent
-        visible: App.hasScan
+        visible: App.scan.hasScan
 
         PageHeader {
             Layout.fillWidth: true

@@ -30,11 +30,11 @@ FocusScope {
         anchors.fill: parent
         message: qsTr("Videos, photos, documents, installers, archives… Scan your disk to see them grouped.")
         title: qsTr("Files by type")
-        visible: !App.hasScan
+        visible: !App.scan.hasScan
     }
     TablePage {
         anchors.fill: parent
-        visible: App.hasScan
+        visible: App.scan.hasScan
 
         PageHeader {
             Layout.fillWidth: true

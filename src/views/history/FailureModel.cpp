@@ -2,15 +2,16 @@
 
 #include "app/Texts.h"
 #include "core/Paths.h"
+#include "app/state/RemovalState.h"
 
 namespace brimlet {
 
 void FailureModel::watch(AppState& state) {
-    connect(&state, &AppState::failuresChanged, this, &FailureModel::read);
+    connect(state.removal(), &RemovalState::failuresChanged, this, &FailureModel::read);
 }
 
 void FailureModel::read() {
-    replaceRows(m_failures, state()->failures(), &DeletionFailure::id);
+    replaceRows(m_failures, state()->removal()->failures(), &DeletionFailure::id);
     emit countChanged();
 }
 

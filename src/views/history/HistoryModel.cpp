@@ -3,6 +3,7 @@
 #include "app/Formats.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
+#include "app/state/RemovalState.h"
 
 #include <algorithm>
 #include <memory>
@@ -23,13 +24,13 @@ QString dateAndTime(double secondsSince2001) {
 } // namespace
 
 void HistoryModel::watch(AppState& state) {
-    connect(&state, &AppState::historyChanged, this, &HistoryModel::read);
-    connect(&state.removals(), &Removals::restorableChanged, this, [this] { rolesChanged({restorable}); });
+    connect(state.removal(), &RemovalState::historyChanged, this, &HistoryModel::read);
+    connect(&state.removal()->removals(), &Removals::restorableChanged, this, [this] { rolesChanged({restorable}); });
 }
 
 void HistoryModel::read() {
-    std::vector<HistoryEntry> now = state()->history();
-    state()->lookForRestorable();
+    std::vector<HistoryEntry> now = state()->removal()->history();
+    state()->removal()->lookForRestorable();
     std::set<Uuid> kept;
     for (const HistoryEntry& entry : now) {
         if (m_selection.contains(entry.id))
@@ -42,7 +43,7 @@ void HistoryModel::read() {
 
 void HistoryModel::lookAgain() {
     if (state())
-        state()->lookForRestorable();
+        state()->removal()->lookForRestorable();
 }
 
 void HistoryModel::rolesChanged(const QList<int>& roles) {
@@ -52,7 +53,7 @@ void HistoryModel::rolesChanged(const QList<int>& roles) {
 
 void HistoryModel::restore(int row) {
     if (isRow(row))
-        state()->restoreEntry(entryAt(row));
+        state()->removal()->restoreEntry(entryAt(row));
 }
 
 void HistoryModel::restoreSelected() {
@@ -62,7 +63,7 @@ void HistoryModel::restoreSelected() {
             chosen.push_back(entry);
     }
     if (!chosen.empty())
-        state()->restoreEntries(std::make_shared<const std::vector<HistoryEntry>>(std::move(chosen)));
+        state()->removal()->restoreEntries(std::make_shared<const std::vector<HistoryEntry>>(std::move(chosen)));
 }
 
 void HistoryModel::select(int row, SelectionMode mode) {
@@ -132,7 +133,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
             return tr("Restored");
         return entry.trashPath ? tr("Trash") : tr("Deleted");
     case restorable:
-        return state()->removals().isRestorable(entry.id);
+        return state()->removal()->removals().isRestorable(entry.id);
     case selected:
         return m_selection.contains(entry.id);
     default:

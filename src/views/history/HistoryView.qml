@@ -33,7 +33,7 @@ FocusScope {
                 enabled: history.count > 0
                 symbol: "trash"
                 text: qsTr("Clear History")
-                onClicked: App.clearHistory()
+                onClicked: App.removal.clearHistory()
             }
         }
         FailuresBox {

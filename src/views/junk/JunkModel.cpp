@@ -5,6 +5,7 @@
 #include "core/FileKind.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
+#include "app/state/JunkState.h"
 
 #include <algorithm>
 #include <map>
@@ -13,7 +14,7 @@
 namespace brimlet {
 
 void JunkModel::watch(AppState& state) {
-    connect(&state, &AppState::junkChanged, this, &JunkModel::read);
+    connect(state.junk(), &JunkState::findingsChanged, this, &JunkModel::read);
 }
 
 void JunkModel::read() {
@@ -149,7 +150,7 @@ void JunkModel::clean() {
                 chosen.push_back({item, finding.rule.removal});
         }
     }
-    state()->proposeJunkPlan(std::move(chosen));
+    state()->junk()->proposePlan(std::move(chosen));
 }
 
 int JunkModel::rowCount(const QModelIndex& parent) const {

@@ -6,6 +6,7 @@
 
 #include "junk/JunkSelection.h"
 #include "views/base/AppStateListModel.h"
+#include "app/state/JunkState.h"
 
 #include <set>
 #include <vector>
@@ -82,7 +83,7 @@ private:
     static constexpr std::size_t gone = static_cast<std::size_t>(-1);
     using RowKey = std::pair<Kind, std::string>;
 
-    const std::vector<JunkFinding>& junk() const { return state()->junk(); }
+    const std::vector<JunkFinding>& junk() const { return state()->junk()->findings(); }
     const Row* rowAt(int row) const;
     const JunkFinding& findingOf(const Row& row) const { return junk()[row.finding]; }
     const JunkItem& itemOf(const Row& row) const { return findingOf(row).items[row.item]; }

@@ -14,8 +14,8 @@ FocusScope {
     readonly property bool empty: junk.isEmpty
 
     Component.onCompleted: {
-        if (empty && !App.junkLoading)
-            App.loadJunk();
+        if (empty && !App.junk.loading)
+            App.junk.load();
     }
 
     JunkModel {
@@ -39,14 +39,14 @@ FocusScope {
             AppButton {
                 symbol: "arrow.clockwise"
                 text: qsTr("Scan Again")
-                onClicked: App.loadJunk()
+                onClicked: App.junk.load()
             }
         }
         SearchLine {
             Layout.fillWidth: true
             Layout.leftMargin: Theme.spaceXl
             Layout.rightMargin: Theme.spaceXl
-            running: App.junkLoading
+            running: App.junk.loading
             text: qsTr("Searching…")
         }
         ListView {
@@ -163,8 +163,8 @@ FocusScope {
         EmptyState {
             Layout.fillHeight: true
             Layout.fillWidth: true
-            message: App.junkLoading ? qsTr("Searching…") : Words.nothingFound
-            symbol: App.junkLoading ? "magnifyingglass" : "checkmark.shield.fill"
+            message: App.junk.loading ? qsTr("Searching…") : Words.nothingFound
+            symbol: App.junk.loading ? "magnifyingglass" : "checkmark.shield.fill"
             visible: view.empty
         }
         SelectionBar {

@@ -4,6 +4,8 @@
 #include "core/WholeNumber.h"
 #include "views/map/SunburstAccessible.h"
 #include "views/nodes/NodeLook.h"
+#include "app/state/NavigationState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -33,14 +35,14 @@ SunburstView::SunburstView(QQuickItem* parent)
 SunburstView::~SunburstView() = default;
 
 void SunburstView::watch(AppState& state) {
-    connect(&state, &AppState::explorerStackChanged, this, &SunburstView::read);
-    connect(&state, &AppState::revisionChanged, this, &SunburstView::read);
+    connect(state.navigation(), &NavigationState::explorerStackChanged, this, &SunburstView::read);
+    connect(state.scan(), &ScanState::revisionChanged, this, &SunburstView::read);
 }
 
 void SunburstView::read() {
-    const std::vector<FileNode*>& way = state()->explorerStack();
+    const std::vector<FileNode*>& way = state()->navigation()->explorerStack();
     FileNode* previousRoot = std::exchange(m_root, way.empty() ? nullptr : way.back());
-    const auto previousScan = std::exchange(m_scan, state()->scan());
+    const auto previousScan = std::exchange(m_scan, state()->scan()->scan());
     const std::vector<Arc> previousArcs =
         std::exchange(m_arcs, m_root != nullptr ? collectArcs(*m_root, maxDepth) : std::vector<Arc>());
     if (previousRoot != m_root || hoveredArc() == nullptr)
@@ -103,9 +105,9 @@ void SunburstView::hover(const Arc* arc) {
 void SunburstView::open(const Arc& arc) {
     if (state() == nullptr || !arc.node->isDirectory || arc.node->isPackage)
         return;
-    std::vector<FileNode*> stack = state()->explorerStack();
+    std::vector<FileNode*> stack = state()->navigation()->explorerStack();
     stack.push_back(arc.node);
-    state()->setExplorerStack(std::move(stack));
+    state()->navigation()->setExplorerStack(std::move(stack));
     emit opened();
 }
 

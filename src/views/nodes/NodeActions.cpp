@@ -3,6 +3,10 @@
 #include "app/Texts.h"
 #include "core/Paths.h"
 #include "views/nodes/NodeLook.h"
+#include "app/state/NavigationState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -10,12 +14,12 @@
 namespace brimlet {
 
 void NodeActions::watch(AppState& state) {
-    connect(&state, &AppState::revisionChanged, this, &NodeActions::read);
+    connect(state.scan(), &ScanState::revisionChanged, this, &NodeActions::read);
 }
 
 /// What was taken from a tree that has been replaced is no longer what the user sees.
 void NodeActions::read() {
-    if (m_choice.scan() && m_choice.scan() != state()->scan())
+    if (m_choice.scan() && m_choice.scan() != state()->scan()->scan())
         take({});
 }
 
@@ -53,8 +57,8 @@ void NodeActions::open() {
 void NodeActions::openInExplorer() {
     if (first() == nullptr)
         return;
-    state()->setExplorerStack(explorerStackFor(*first()));
-    state()->setSection(AppSection::explorer);
+    state()->navigation()->setExplorerStack(explorerStackFor(*first()));
+    state()->navigation()->setSection(AppSection::explorer);
 }
 
 void NodeActions::copyPath() {
@@ -64,7 +68,7 @@ void NodeActions::copyPath() {
 
 void NodeActions::excludeFromScans() {
     if (first() != nullptr)
-        state()->excludeFolder(first()->path());
+        state()->preferences()->excludeFolder(first()->path());
 }
 
 void NodeActions::remove() {
@@ -74,7 +78,7 @@ void NodeActions::remove() {
     draft.items = [choice = m_choice, &review = state()->review()](const std::stop_token& stop) {
         return choice.planItems(review, stop);
     };
-    state()->proposePlan(std::move(draft));
+    state()->removal()->proposePlan(std::move(draft));
 }
 
 } // namespace brimlet

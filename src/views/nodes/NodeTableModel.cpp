@@ -5,6 +5,7 @@
 #include "core/Paths.h"
 #include "core/TextFold.h"
 #include "views/nodes/NodeLook.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <QColor>
@@ -34,7 +35,7 @@ NodeTableModel::NodeTableModel(QObject* parent)
 NodeTableModel::~NodeTableModel() = default;
 
 void NodeTableModel::watch(AppState& state) {
-    connect(&state, &AppState::revisionChanged, this, &NodeTableModel::read);
+    connect(state.scan(), &ScanState::revisionChanged, this, &NodeTableModel::read);
 }
 
 void NodeTableModel::listFiles(std::shared_ptr<const ScanResult> scan, const FileFilter& filter) {
@@ -46,7 +47,7 @@ void NodeTableModel::listFiles(std::shared_ptr<const ScanResult> scan, const Fil
         startList(std::make_shared<NodeColumns>(std::move(scan), std::move(files)));
     }
     // Once for each list and each change of the tree, not at every letter of a filter.
-    if (m_readAt != std::pair(m_columns, state()->revision()))
+    if (m_readAt != std::pair(m_columns, state()->scan()->revision()))
         startReading(m_columns);
     else
         requestRows();
@@ -80,7 +81,7 @@ void NodeTableModel::startList(std::shared_ptr<NodeColumns> columns) {
 }
 
 void NodeTableModel::startReading(std::shared_ptr<NodeColumns> columns) {
-    m_readAt = {columns, state()->revision()};
+    m_readAt = {columns, state()->scan()->revision()};
     NodeBits deleted(columns->count());
     auto reading = std::make_shared<Reading>(Reading{std::move(columns), std::move(deleted)});
     m_slices.drop();

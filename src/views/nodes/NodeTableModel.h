@@ -2,7 +2,7 @@
 // both. What a table shows is set by the models derived from this one. Main thread.
 #pragma once
 
-#include "app/SlicedWork.h"
+#include "app/background/SlicedWork.h"
 #include "views/base/AppStateListModel.h"
 #include "views/nodes/NodePlans.h"
 #include "views/nodes/RowSelection.h"

@@ -16,11 +16,11 @@ Item {
         anchors.fill: parent
         message: Words.scanPromptOfOverview
         title: qsTr("See where your space goes")
-        visible: !App.hasScan
+        visible: !App.scan.hasScan
     }
     SectionPage {
         anchors.fill: parent
-        visible: App.hasScan
+        visible: App.scan.hasScan
 
         PageHeader {
             Layout.fillWidth: true
@@ -29,7 +29,7 @@ Item {
         }
         FullDiskAccessBanner {
             Layout.fillWidth: true
-            visible: !App.hasFullDiskAccess
+            visible: !App.access.hasFullDiskAccess
         }
         GridLayout {
             Layout.fillWidth: true

@@ -2,6 +2,7 @@
 
 #include "app/Texts.h"
 #include "core/Paths.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 
@@ -37,9 +38,9 @@ QString placeName(const std::string& rootPath, const std::string& homeFolder) {
 } // namespace
 
 void ScanSummary::read() {
-    if (!state()->hasScan())
+    if (!state()->scan()->hasScan())
         return;
-    const ScanResult& scan = *state()->scan();
+    const ScanResult& scan = *state()->scan()->scan();
     m_total = static_cast<double>(scan.root->size);
     m_files = static_cast<double>(scan.totalFiles);
     m_folders = static_cast<double>(scan.totalDirectories);

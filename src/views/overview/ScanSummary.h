@@ -3,6 +3,7 @@
 
 #include "views/base/AppStateReader.h"
 #include "views/components/Segment.h"
+#include "app/state/ScanState.h"
 
 #include <QVariantList>
 
@@ -22,7 +23,7 @@ class ScanSummary : public brimlet::AppStateReader { // spelt out for the QML to
 
 protected:
     void watch(AppState& state) override {
-        connect(&state, &AppState::revisionChanged, this, &ScanSummary::read);
+        connect(state.scan(), &ScanState::revisionChanged, this, &ScanSummary::read);
     }
     void read() override;
 

@@ -72,7 +72,7 @@ StagePage {
             focus: true
             large: true
             text: qsTr("Done")
-            onClicked: App.smartPhase = "idle"
+            onClicked: App.quickClean.smartPhase = "idle"
         }
     }
 }

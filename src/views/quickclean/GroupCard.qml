@@ -55,7 +55,7 @@ Card {
                 radius: Theme.radiusControl
 
                 function toggle() {
-                    App.setRuleSelected(modelData.ruleId, !ticked);
+                    App.quickClean.setRuleSelected(modelData.ruleId, !ticked);
                 }
 
                 HoverHandler {

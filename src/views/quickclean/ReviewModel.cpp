@@ -2,18 +2,19 @@
 
 #include "app/Texts.h"
 #include "junk/JunkCatalogue.h"
+#include "app/state/JunkState.h"
 
 namespace brimlet {
 
 void ReviewModel::watch(AppState& state) {
-    connect(&state, &AppState::junkChanged, this, &ReviewModel::read);
+    connect(state.junk(), &JunkState::findingsChanged, this, &ReviewModel::read);
 }
 
 void ReviewModel::read() {
     std::vector<Row> rows;
     for (const JunkGroup group : state()->system().junk.groups) {
         Row row{group, 0, {}};
-        for (const JunkFinding& finding : state()->junk()) {
+        for (const JunkFinding& finding : state()->junk()->findings()) {
             if (finding.rule.group != group)
                 continue;
             const qint64 size = finding.total();

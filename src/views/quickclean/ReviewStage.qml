@@ -21,7 +21,7 @@ FocusScope {
 
     onCleanWanted: {
         if (canClean)
-            App.startSmartClean();
+            App.quickClean.startSmartClean();
     }
 
     ReviewModel {
@@ -104,11 +104,11 @@ FocusScope {
 
                 AppButton {
                     text: qsTr("Start Over")
-                    onClicked: App.smartPhase = "idle"
+                    onClicked: App.quickClean.smartPhase = "idle"
                 }
                 AppButton {
                     text: qsTr("See Details")
-                    onClicked: App.section = "junk"
+                    onClicked: App.navigation.section = "junk"
                 }
             }
             PrimaryButton {

@@ -2,6 +2,10 @@
 
 #include "app/Formats.h"
 #include "app/Texts.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -29,12 +33,12 @@ QString stepName(StepState state) {
 } // namespace
 
 void SmartCleanModel::watch(AppState& state) {
-    connect(&state, &AppState::smartPhaseChanged, this, &SmartCleanModel::phaseChanged);
-    connect(&state, &AppState::volumeChanged, this, &SmartCleanModel::volumeChanged);
-    connect(&state, &AppState::volumeChanged, this, &SmartCleanModel::reportChanged);
-    connect(&state, &AppState::smartSelectionChanged, this, &SmartCleanModel::selectionChanged);
-    connect(&state, &AppState::junkChanged, this, &SmartCleanModel::selectionChanged);
-    connect(&state, &AppState::lastReportChanged, this, &SmartCleanModel::reportChanged);
+    connect(state.quickClean(), &QuickCleanState::smartPhaseChanged, this, &SmartCleanModel::phaseChanged);
+    connect(state.scan(), &ScanState::volumeChanged, this, &SmartCleanModel::volumeChanged);
+    connect(state.scan(), &ScanState::volumeChanged, this, &SmartCleanModel::reportChanged);
+    connect(state.quickClean(), &QuickCleanState::smartSelectionChanged, this, &SmartCleanModel::selectionChanged);
+    connect(state.junk(), &JunkState::findingsChanged, this, &SmartCleanModel::selectionChanged);
+    connect(state.quickClean(), &QuickCleanState::lastReportChanged, this, &SmartCleanModel::reportChanged);
 }
 
 void SmartCleanModel::read() {
@@ -46,17 +50,17 @@ void SmartCleanModel::read() {
 
 QStringList SmartCleanModel::steps() const {
     QStringList names;
-    for (const StepState step : stepStates(state() ? state()->smartPhase() : SmartPhase::idle))
+    for (const StepState step : stepStates(state() ? state()->quickClean()->smartPhase() : SmartPhase::idle))
         names.append(stepName(step));
     return names;
 }
 
 qint64 SmartCleanModel::total() const {
-    return volumeKnown() ? std::max<qint64>(0, state()->volume()->total) : 0;
+    return volumeKnown() ? std::max<qint64>(0, state()->scan()->volume()->total) : 0;
 }
 
 qint64 SmartCleanModel::available() const {
-    return volumeKnown() ? std::max<qint64>(0, state()->volume()->available) : 0;
+    return volumeKnown() ? std::max<qint64>(0, state()->scan()->volume()->available) : 0;
 }
 
 qint64 SmartCleanModel::used() const {
@@ -73,23 +77,23 @@ QString SmartCleanModel::freeSpaceSentence() const {
 QStringList SmartCleanModel::selection() const {
     QStringList ids;
     if (state()) {
-        for (const std::string& id : state()->smartSelection())
+        for (const std::string& id : state()->quickClean()->smartSelection())
             ids.append(shownText(id));
     }
     return ids;
 }
 
 QString SmartCleanModel::cleanedLine() const {
-    if (!state() || !state()->lastReport())
+    if (!state() || !state()->quickClean()->lastReport())
         return {};
-    const DeletionReport& report = *state()->lastReport();
+    const DeletionReport& report = *state()->quickClean()->lastReport();
     return tr("%1 cleaned").arg(bytes(report.freed + report.movedToTrash));
 }
 
 QStringList SmartCleanModel::reportLines() const {
     QStringList lines;
-    if (state() && state()->lastReport()) {
-        const DeletionReport& report = *state()->lastReport();
+    if (state() && state()->quickClean()->lastReport()) {
+        const DeletionReport& report = *state()->quickClean()->lastReport();
         if (report.movedToTrash >= 1)
             lines.append(tr("%1 is in the Trash until you empty it.").arg(bytes(report.movedToTrash)));
         if (!report.failures.empty())
@@ -104,16 +108,16 @@ QStringList SmartCleanModel::reportLines() const {
 void SmartCleanModel::startScan() {
     if (!state())
         return;
-    state()->setSmartPhase(SmartPhase::scanning);
-    state()->startSmartScan();
+    state()->quickClean()->setSmartPhase(SmartPhase::scanning);
+    state()->quickClean()->startSmartScan();
 }
 
 void SmartCleanModel::showWhatElseUsesSpace() {
     if (!state())
         return;
-    state()->setSection(AppSection::overview);
-    if (!state()->hasScan())
-        state()->scanWholeDisk();
+    state()->navigation()->setSection(AppSection::overview);
+    if (!state()->scan()->hasScan())
+        state()->scan()->scanWholeDisk();
 }
 
 } // namespace brimlet

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "views/base/AppStateReader.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/ScanState.h"
 
 #include <QList>
 #include <QString>
@@ -29,13 +31,13 @@ public:
     /// "ahead", "present" or "finished" for "Scan", "Review" and "Clean".
     QStringList steps() const;
 
-    bool volumeKnown() const { return state() && state()->volume().has_value(); }
+    bool volumeKnown() const { return state() && state()->scan()->volume().has_value(); }
     qint64 used() const;
     qint64 total() const;
     QString freeSpaceSentence() const; ///< empty where no volume is known
 
     QStringList selection() const; ///< ids of the ticked rules
-    qint64 selectedSize() const { return state() ? state()->smartSelectedSize() : 0; }
+    qint64 selectedSize() const { return state() ? state()->quickClean()->smartSelectedSize() : 0; }
 
     QString cleanedLine() const;     ///< "1.2 GB cleaned"; empty before the first report
     QStringList reportLines() const; ///< what else the report has to say, line by line

@@ -6,7 +6,7 @@ FadingLoader {
     required property string phase
     required property string announcement
 
-    active: App.smartPhase === phase
+    active: App.quickClean.smartPhase === phase
 
     onLoaded: Assistive.say(announcement)
 }

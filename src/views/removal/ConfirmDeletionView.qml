@@ -10,7 +10,7 @@ import Brimlet.App
 Sheet {
     id: sheet
 
-    shown: App.hasPlan
+    shown: App.removal.hasPlan
     title: plan.title
 
     onDefaultWanted: plan.cancel()

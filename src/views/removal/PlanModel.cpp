@@ -4,6 +4,8 @@
 #include "app/Texts.h"
 #include "core/FileKind.h"
 #include "core/Paths.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -11,16 +13,16 @@
 namespace brimlet {
 
 void PlanModel::watch(AppState& state) {
-    connect(&state, &AppState::planChanged, this, &PlanModel::read);
-    connect(&state, &AppState::permanentDeleteChanged, this, &PlanModel::explanationChanged);
+    connect(state.removal(), &RemovalState::planChanged, this, &PlanModel::read);
+    connect(state.preferences(), &PreferencesState::permanentDeleteChanged, this, &PlanModel::explanationChanged);
 }
 
 void PlanModel::read() {
     emit explanationChanged();
-    if (!state()->proposal())
+    if (!state()->removal()->proposal())
         return;
     beginResetModel();
-    m_proposal = *state()->proposal();
+    m_proposal = *state()->removal()->proposal();
     m_acceptedReview = false;
     endResetModel();
     emit planChanged();
@@ -98,12 +100,12 @@ bool PlanModel::canDelete() const {
 
 void PlanModel::cancel() {
     if (state())
-        state()->cancelPlan();
+        state()->removal()->cancelPlan();
 }
 
 void PlanModel::confirm() {
-    if (state() && state()->plan() && canDelete())
-        state()->executePlan({m_proposal.judged, &m_proposal.judged->plan},
+    if (state() && state()->removal()->plan() && canDelete())
+        state()->removal()->executePlan({m_proposal.judged, &m_proposal.judged->plan},
                              m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
 }
 

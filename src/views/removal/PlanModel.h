@@ -6,6 +6,7 @@
 #pragma once
 
 #include "views/base/AppStateListModel.h"
+#include "app/state/PreferencesState.h"
 
 #include <cstddef>
 
@@ -69,7 +70,7 @@ private:
     static constexpr std::size_t heading = static_cast<std::size_t>(-1);
 
     const Section& section(Risk wanted) const;
-    bool permanently() const { return state() && state()->permanentDelete(); }
+    bool permanently() const { return state() && state()->preferences()->permanentDelete(); }
     Place placeOf(int row) const;
     QVariant headingData(Risk risk, int role) const;
     QVariant itemValue(const PlanItem& item, int role) const;

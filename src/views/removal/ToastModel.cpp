@@ -1,4 +1,6 @@
 #include "views/removal/ToastModel.h"
+#include "app/state/NoticeState.h"
+#include "app/state/RemovalState.h"
 
 #include <QTimer>
 
@@ -6,12 +8,12 @@ namespace brimlet {
 
 void ToastModel::read() {
     if (shown()) {
-        const Toast& toast = *state()->toast();
+        const Toast& toast = *state()->notice()->toast();
         m_message = QString::fromStdString(toast.message);
         m_detail = QString::fromStdString(toast.detail.value_or(""));
         m_canUndo = toast.undoable != nullptr;
         QTimer::singleShot(stay, this, [this, id = toast.id] {
-            if (shown() && state()->toast()->id == id)
+            if (shown() && state()->notice()->toast()->id == id)
                 close();
         });
     }
@@ -21,14 +23,14 @@ void ToastModel::read() {
 void ToastModel::undo() {
     if (!shown() || !m_canUndo)
         return;
-    const auto entries = state()->toast()->undoable;
+    const auto entries = state()->notice()->toast()->undoable;
     close(); // First: the restoring shows a notice of its own.
-    state()->restoreEntries(entries);
+    state()->removal()->restoreEntries(entries);
 }
 
 void ToastModel::close() {
     if (state())
-        state()->setToast(std::nullopt);
+        state()->notice()->setToast(std::nullopt);
 }
 
 } // namespace brimlet

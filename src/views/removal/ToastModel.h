@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/base/AppStateReader.h"
+#include "app/state/NoticeState.h"
 
 #include <chrono>
 #include <QString>
@@ -21,7 +22,7 @@ public:
     /// How long a notice stays.
     static constexpr std::chrono::milliseconds stay{8000};
 
-    bool shown() const { return state() && state()->toast().has_value(); }
+    bool shown() const { return state() && state()->notice()->toast().has_value(); }
     QString message() const { return m_message; } ///< kept while the notice fades away
     QString detail() const { return m_detail; }
     bool canUndo() const { return m_canUndo; }
@@ -31,7 +32,7 @@ public:
 
 protected:
     void watch(AppState& state) override {
-        connect(&state, &AppState::toastChanged, this, &ToastModel::read);
+        connect(state.notice(), &NoticeState::toastChanged, this, &ToastModel::read);
     }
     void read() override;
 

@@ -39,11 +39,11 @@ Card {
 
                 PrimaryButton {
                     text: qsTr("Open Privacy Settings")
-                    onClicked: App.openFullDiskAccessSettings()
+                    onClicked: App.access.openFullDiskAccessSettings()
                 }
                 AppButton {
                     text: qsTr("I’ve Done It")
-                    onClicked: App.probeFullDiskAccess()
+                    onClicked: App.access.probeFullDiskAccess()
                 }
             }
         }

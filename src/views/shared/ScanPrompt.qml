@@ -17,26 +17,26 @@ Item {
         anchors.fill: parent
         maximumWidth: Theme.textMaximumWidth
         spacing: Theme.spaceXl
-        visible: App.isScanning
+        visible: App.scan.isScanning
 
         ScanningRing {
             Layout.fillWidth: true
-            detail: App.progressPath
-            progressText: qsTr("%1 files").arg(Formats.count(App.progressFiles)) + "\n"
-                          + Formats.bytes(App.progressBytes)
+            detail: App.scan.progressPath
+            progressText: qsTr("%1 files").arg(Formats.count(App.scan.progressFiles)) + "\n"
+                          + Formats.bytes(App.scan.progressBytes)
         }
         AppButton {
             Layout.alignment: Qt.AlignHCenter
             large: true
             text: qsTr("Stop")
-            onClicked: App.cancelScan()
+            onClicked: App.scan.cancelScan()
         }
     }
     StagePage {
         anchors.fill: parent
         maximumWidth: Theme.textMaximumWidth
         spacing: Theme.spaceM
-        visible: !App.isScanning
+        visible: !App.scan.isScanning
 
         Medallion {
             Layout.alignment: Qt.AlignHCenter
@@ -70,13 +70,13 @@ Item {
                 Layout.fillWidth: true
                 large: true
                 text: qsTr("Scan Entire Disk")
-                onClicked: App.scanWholeDisk()
+                onClicked: App.scan.scanWholeDisk()
             }
             AppButton {
                 Layout.fillWidth: true
                 large: true
                 text: qsTr("Home Folder Only")
-                onClicked: App.scanHome()
+                onClicked: App.scan.scanHome()
             }
         }
     }

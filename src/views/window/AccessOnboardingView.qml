@@ -16,10 +16,10 @@ Sheet {
         Words.accessRestart
     ]
 
-    shown: App.showAccessOnboarding
+    shown: App.access.showAccessOnboarding
     title: qsTr("Let Brimlet see your whole disk")
 
-    onDismissed: App.closeAccessOnboarding()
+    onDismissed: App.access.closeAccessOnboarding()
 
     Medallion {
         Layout.alignment: Qt.AlignHCenter
@@ -102,12 +102,12 @@ Sheet {
     buttons: [
         AppButton {
             text: qsTr("Scan Without Access")
-            onClicked: App.scanWithoutAccess()
+            onClicked: App.access.scanWithoutAccess()
         },
         PrimaryButton {
             focus: true
             text: qsTr("Open Settings")
-            onClicked: App.openFullDiskAccessSettings()
+            onClicked: App.access.openFullDiskAccessSettings()
         }
     ]
 }

@@ -9,17 +9,17 @@ Item {
     readonly property Action scanDisk: Action {
         shortcut: "Ctrl+R"
         text: qsTr("Scan Entire Disk")
-        onTriggered: App.scanWholeDisk()
+        onTriggered: App.scan.scanWholeDisk()
     }
     readonly property Action scanHome: Action {
         shortcut: "Ctrl+Shift+R"
         text: qsTr("Scan Home Folder")
-        onTriggered: App.scanHome()
+        onTriggered: App.scan.scanHome()
     }
     readonly property Action quickClean: Action {
         shortcut: "Ctrl+1"
         text: qsTr("Quick Clean")
-        onTriggered: App.section = "smartClean"
+        onTriggered: App.navigation.section = "smartClean"
     }
     readonly property Action settings: Action {
         shortcut: "Ctrl+,"

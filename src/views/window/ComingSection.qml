@@ -22,13 +22,13 @@ Item {
             color: Theme.textSecondary
             opacity: Theme.faint
             size: Theme.medallion / 2
-            symbol: sections.symbolOf(App.section)
+            symbol: sections.symbolOf(App.navigation.section)
         }
         AppText {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             kind: AppText.Title
-            text: sections.titleOf(App.section)
+            text: sections.titleOf(App.navigation.section)
             wrapMode: Text.Wrap
             Accessible.role: Accessible.Heading
         }

@@ -1,4 +1,5 @@
 #include "views/window/DiskSpace.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 
@@ -6,7 +7,7 @@ namespace brimlet {
 
 const std::optional<VolumeInfo>& DiskSpace::volume() const {
     static const std::optional<VolumeInfo> none;
-    return state() ? state()->volume() : none;
+    return state() ? state()->scan()->volume() : none;
 }
 
 double DiskSpace::usedFraction() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/base/AppStateReader.h"
+#include "app/state/ScanState.h"
 
 #include <QString>
 
@@ -28,7 +29,7 @@ public:
 
 protected:
     void watch(AppState& state) override {
-        connect(&state, &AppState::volumeChanged, this, &DiskSpace::changed);
+        connect(state.scan(), &ScanState::volumeChanged, this, &DiskSpace::changed);
     }
 
 private:

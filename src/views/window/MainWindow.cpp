@@ -1,7 +1,7 @@
 #include "views/window/MainWindow.h"
 
 #include "app/Appearance.h"
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 #include "app/EngineSingleton.h"
 #include "app/UpdateController.h"
 #include "views/icons/IconProvider.h"

@@ -23,7 +23,7 @@ Item {
             Layout.maximumWidth: implicitWidth
             Layout.fillWidth: true
             menuIndicator: true
-            text: qsTr("Scan: %1").arg(App.scanTargetLabel)
+            text: qsTr("Scan: %1").arg(App.scan.scanTargetLabel)
 
             onClicked: targetMenu.toggle()
 
@@ -35,29 +35,29 @@ Item {
 
                 AppMenuItem {
                     text: qsTr("Entire Disk")
-                    onTriggered: App.scanWholeDisk()
+                    onTriggered: App.scan.scanWholeDisk()
                 }
                 AppMenuItem {
                     text: qsTr("Home Folder")
-                    onTriggered: App.scanHome()
+                    onTriggered: App.scan.scanHome()
                 }
                 AppMenuItem {
                     text: qsTr("Choose Folder…")
-                    onTriggered: App.chooseFolderToScan()
+                    onTriggered: App.scan.chooseFolderToScan()
                 }
             }
         }
         AppButton {
             symbol: "xmark"
             text: qsTr("Stop")
-            visible: App.isScanning
-            onClicked: App.cancelScan()
+            visible: App.scan.isScanning
+            onClicked: App.scan.cancelScan()
         }
         AppButton {
             symbol: "arrow.clockwise"
-            text: App.hasScan ? qsTr("Rescan") : qsTr("Scan")
-            visible: !App.isScanning
-            onClicked: App.rescan()
+            text: App.scan.hasScan ? qsTr("Rescan") : qsTr("Scan")
+            visible: !App.scan.isScanning
+            onClicked: App.scan.rescan()
         }
         AppText {
             Layout.fillWidth: true
@@ -67,8 +67,8 @@ Item {
             figures: true
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: Theme.smallCaptionSize
-            text: App.isScanning ? qsTr("%1 files · %2").arg(Formats.count(App.progressFiles))
-                                       .arg(Formats.bytes(App.progressBytes)) : ""
+            text: App.scan.isScanning ? qsTr("%1 files · %2").arg(Formats.count(App.scan.progressFiles))
+                                       .arg(Formats.bytes(App.scan.progressBytes)) : ""
         }
         IconButton {
             id: menuButton

@@ -17,6 +17,6 @@ FocusScope {
     })
 
     FadingLoader {
-        source: Qt.resolvedUrl("../" + (host.screens[App.section] ?? "window/ComingSection.qml"))
+        source: Qt.resolvedUrl("../" + (host.screens[App.navigation.section] ?? "window/ComingSection.qml"))
     }
 }

@@ -27,7 +27,7 @@ Rectangle {
             activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
             clip: true
-            currentIndex: sections.rowOf(App.section)
+            currentIndex: sections.rowOf(App.navigation.section)
             focus: true
             highlightFollowsCurrentItem: false
             keyNavigationEnabled: false
@@ -52,7 +52,7 @@ Rectangle {
             function choose(row: int) {
                 const section = sections.sectionAt(row);
                 if (section !== "")
-                    App.section = section;
+                    App.navigation.section = section;
             }
 
             delegate: SidebarRow {
@@ -61,7 +61,7 @@ Rectangle {
 
                 onChosen: {
                     list.forceActiveFocus(Qt.MouseFocusReason);
-                    App.section = sectionId;
+                    App.navigation.section = sectionId;
                 }
             }
         }

@@ -1,6 +1,6 @@
 #include "views/window/SidebarModel.h"
 
-#include "app/AppSection.h"
+#include "app/state/AppSection.h"
 #include "app/Texts.h"
 
 #include <algorithm>

@@ -14,7 +14,7 @@ FocusScope {
     required property string heading
     property bool focusShown: false
 
-    readonly property bool current: App.section === sectionId
+    readonly property bool current: App.navigation.section === sectionId
 
     signal chosen
 

@@ -3,6 +3,8 @@
 #include "support/TestHome.h"
 #include "views/history/HistoryModel.h"
 #include "views/junk/JunkModel.h"
+#include "app/state/JunkState.h"
+#include "app/state/RemovalState.h"
 
 #include <gtest/gtest.h>
 #include <QAbstractItemModelTester>
@@ -36,12 +38,12 @@ void fillHistory(TestApp& app, int count) {
 
 /// As after a run that has deleted these.
 bool recordAsDeleted(TestApp& app, std::vector<HistoryEntry> entries) {
-    const std::size_t expected = app.state().history().size() + entries.size();
+    const std::size_t expected = app.state().removal()->history().size() + entries.size();
     app.deletionRun = [entries = std::move(entries)](const auto&, const auto&) {
         return ExecutedRun{{}, entries, {}, nullptr};
     };
-    app.state().runDeletion([] { return std::vector<DeletionRequest>(); }, RunNotice::quiet, {});
-    return eventually([&] { return app.state().history().size() == expected; });
+    app.state().removal()->runDeletion([] { return std::vector<DeletionRequest>(); }, RunNotice::quiet, {});
+    return eventually([&] { return app.state().removal()->history().size() == expected; });
 }
 
 TEST(ListChanges, theHistoryTellsOnlyWhatIsNew) {
@@ -68,7 +70,7 @@ TEST(ListChanges, theHistoryTellsOnlyWhatIsNew) {
     for (int row = 0; row < model.rowCount(); ++row)
         selected += model.index(row).data(HistoryModel::selected).toBool() ? 1 : 0;
     EXPECT_EQ(selected, 3) << "a range still begins at the row that was chosen";
-    app.state().clearHistory();
+    app.state().removal()->clearHistory();
     EXPECT_TRUE(eventually([&] { return model.rowCount() == 0; }));
     EXPECT_EQ(resets.count(), 0);
 }
@@ -77,8 +79,8 @@ TEST(ListChanges, aNewJunkSearchLeavesTheRowsThatItFindsAgain) {
     TestApp app;
     const auto search = [&](std::vector<JunkFinding> junk) {
         app.junkSearch = [junk = std::move(junk)] { return junk; };
-        app.state().loadJunk();
-        ASSERT_TRUE(eventually([&] { return !app.state().junkLoading(); }));
+        app.state().junk()->load();
+        ASSERT_TRUE(eventually([&] { return !app.state().junk()->isLoading(); }));
     };
     search({madeUpFinding("user-caches", {{"a", 5}, {"b", 4}, {"c", 3}}),
             madeUpFinding("user-logs", {{"old.log", 2}}), madeUpFinding("npm-cache", {{"x", 1}})});

@@ -3,6 +3,9 @@
 #include "support/TemporaryTree.h"
 #include "support/TestWindow.h"
 #include "views/map/SunburstView.h"
+#include "app/state/NavigationState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -36,10 +39,10 @@ protected:
     }
 
     void finishScan(std::shared_ptr<ScanResult> result) {
-        state().startScan(ScanTarget::folder("/Users/sam"));
+        state().scan()->startScan(ScanTarget::folder("/Users/sam"));
         m_app.walks.begun(m_walks);
         m_app.walks.finish(m_walks++, std::move(result));
-        test::eventually([&] { return !state().isScanning(); });
+        test::eventually([&] { return !state().scan()->isScanning(); });
         test::handleEvents();
     }
 
@@ -114,11 +117,11 @@ TEST_F(FileScreens, aMenuLeftOpenDoesNotActOnATreeThatIsGone) {
 }
 
 TEST_F(FileScreens, whatLayInADeletedFolderLeavesWithIt) {
-    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies"}));
     EXPECT_TRUE(driver().awaitGone("c.mov, 3 GB"));
     EXPECT_TRUE(driver().shows("notes.txt, 100 MB"));
-    EXPECT_EQ(state().explorerStack(), std::vector<FileNode*>{state().scan()->root});
+    EXPECT_EQ(state().navigation()->explorerStack(), std::vector<FileNode*>{state().scan()->scan()->root});
 }
 
 TEST_F(FileScreens, theMenuActsOnTheSelection) {
@@ -132,9 +135,9 @@ TEST_F(FileScreens, theMenuActsOnTheSelection) {
     EXPECT_EQ(m_app.log.back(), "reveal /Users/sam/Movies/c.mov");
     click("notes.txt, 100 MB", {}, Qt::RightButton);
     driver().click("Delete…", QAccessible::MenuItem);
-    ASSERT_TRUE(state().hasPlan());
-    EXPECT_EQ(state().plan()->items.size(), 1U);
-    EXPECT_EQ(state().plan()->items[0].path, "/Users/sam/notes.txt");
+    ASSERT_TRUE(state().removal()->hasPlan());
+    EXPECT_EQ(state().removal()->plan()->items.size(), 1U);
+    EXPECT_EQ(state().removal()->plan()->items[0].path, "/Users/sam/notes.txt");
 }
 
 TEST_F(FileScreens, typingInTheSearchFieldNarrowsTheList) {
@@ -147,7 +150,7 @@ TEST_F(FileScreens, typingInTheSearchFieldNarrowsTheList) {
     EXPECT_TRUE(driver().await("5 files · 6.6 GB"));
     driver().click("Documents");
     EXPECT_TRUE(driver().await("1 files · 100 MB"));
-    EXPECT_EQ(state().largeFilter().kinds, std::set{FileKind::document});
+    EXPECT_EQ(state().navigation()->largeFilter().kinds, std::set{FileKind::document});
 }
 
 TEST_F(FileScreens, spaceShowsWhatIsInAFileAndHidesItAgain) {
@@ -177,7 +180,7 @@ TEST_F(FileScreens, deletedFilesLeaveAndTheRestStaysSelected) {
 }
 
 TEST_F(FileScreens, aKindsTileShowsItsFiles) {
-    state().setSection(AppSection::types);
+    state().navigation()->setSection(AppSection::types);
     EXPECT_TRUE(driver().await("3 files · 6 GB"));
     driver().click("Documents, 100 MB, 1 files");
     EXPECT_TRUE(driver().await("notes.txt, 100 MB"));
@@ -185,7 +188,7 @@ TEST_F(FileScreens, aKindsTileShowsItsFiles) {
 }
 
 TEST_F(FileScreens, theExplorerGoesInAndUp) {
-    state().setSection(AppSection::explorer);
+    state().navigation()->setSection(AppSection::explorer);
     QTest::mouseDClick(&m_window->window(), Qt::LeftButton, {}, centreOf("Movies, 6 GB"));
     EXPECT_TRUE(driver().await("c.mov, 3 GB"));
     driver().click("~", QAccessible::Button);
@@ -200,12 +203,12 @@ TEST_F(FileScreens, theExplorerGoesInAndUp) {
 }
 
 TEST_F(FileScreens, goingUpSelectsTheFolderOneComesFrom) {
-    state().setSection(AppSection::explorer);
-    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setSection(AppSection::explorer);
+    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     EXPECT_TRUE(driver().await("c.mov, 3 GB"));
     driver().click("Back", QAccessible::Button);
     EXPECT_TRUE(driver().await("1 selected · 6 GB"));
-    state().setExplorerStack({state().scan()->root, state().scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     EXPECT_TRUE(driver().awaitGone("1 selected · 6 GB")) << "going in begins with nothing selected";
 }
 
@@ -222,7 +225,7 @@ TEST_F(FileScreens, aNewFilterIsReadFromTheTop) {
     driver().click("Documents");
     EXPECT_TRUE(driver().await("page 0.pdf, 8 GB"));
 
-    state().setSection(AppSection::types);
+    state().navigation()->setSection(AppSection::types);
     click("film 0.mov, 9 GB");
     driver().key(Qt::Key_End);
     EXPECT_TRUE(driver().awaitGone("film 0.mov, 9 GB"));
@@ -236,9 +239,9 @@ TEST_F(FileScreens, aLargeFolderIsNotCalledEmptyBeforeItsRowsAreThere) {
     for (int number = 0; number < 3'000; ++number)
         tree.file(many, "file " + std::to_string(number), 1'000'000);
     finishScan(tree.finish());
-    state().setSection(AppSection::explorer);
+    state().navigation()->setSection(AppSection::explorer);
     test::handleEvents();
-    state().setExplorerStack({state().scan()->root, many});
+    state().navigation()->setExplorerStack({state().scan()->scan()->root, many});
     EXPECT_FALSE(driver().shows("No folder and no large file lies directly in here."));
     EXPECT_TRUE(driver().await("file 0, 1 MB"));
 }
@@ -259,7 +262,7 @@ TEST_F(FileScreens, columnsAreResizedByKeyboard) {
 class MapScreen : public FileScreens {
 protected:
     MapScreen() {
-        state().setSection(AppSection::explorer);
+        state().navigation()->setSection(AppSection::explorer);
         driver().click("Map");
         m_map = qobject_cast<SunburstView*>(driver().await("Map of sam"));
     }
@@ -274,7 +277,7 @@ protected:
             .toPoint();
     }
 
-    FileNode* node(std::string_view path) { return state().scan()->nodeAtPath(path); }
+    FileNode* node(std::string_view path) { return state().scan()->scan()->nodeAtPath(path); }
 
     SunburstView* m_map = nullptr;
 };
@@ -286,12 +289,12 @@ TEST_F(MapScreen, tellsWhatIsUnderThePointerAndOpensFoldersOnly) {
     EXPECT_TRUE(driver().await("91%"));
     EXPECT_EQ(m_map->hovered(), movies);
     QTest::mouseClick(&m_window->window(), Qt::LeftButton, {}, pointIn(node("/Users/sam/Tool.app")));
-    EXPECT_EQ(state().explorerStack().size(), 1U);
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 1U);
     QTest::mouseClick(&m_window->window(), Qt::LeftButton, {}, pointIn(movies));
-    EXPECT_EQ(state().explorerStack().back(), movies);
+    EXPECT_EQ(state().navigation()->explorerStack().back(), movies);
     QTest::mouseClick(&m_window->window(), Qt::LeftButton, {},
                       m_map->mapToScene(QPointF(m_map->width() / 2, m_map->height() / 2)).toPoint());
-    EXPECT_EQ(state().explorerStack().size(), 1U);
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 1U);
 }
 
 TEST_F(MapScreen, isWalkedByKeyboard) {
@@ -308,13 +311,13 @@ TEST_F(MapScreen, isWalkedByKeyboard) {
     driver().key(Qt::Key_Left);
     EXPECT_EQ(m_map->hovered(), node("/Users/sam/notes.txt")) << "a ring goes round";
     driver().key(Qt::Key_Return);
-    EXPECT_EQ(state().explorerStack().size(), 1U);
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 1U);
     driver().key(Qt::Key_Right);
     driver().key(Qt::Key_Return);
-    EXPECT_EQ(state().explorerStack().back(), movies);
+    EXPECT_EQ(state().navigation()->explorerStack().back(), movies);
     driver().key(Qt::Key_Backspace);
     driver().key(Qt::Key_Backspace);
-    EXPECT_EQ(state().explorerStack().size(), 1U);
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 1U);
 }
 
 TEST_F(MapScreen, aPointerThatRestsDoesNotTakeTheKeysPlace) {
@@ -334,9 +337,9 @@ TEST_F(MapScreen, onlyAClickOnOneSegmentOpensIt) {
     FileNode* movies = node("/Users/sam/Movies");
     QTest::mousePress(&m_window->window(), Qt::LeftButton, {}, pointIn(node("/Users/sam/notes.txt")));
     QTest::mouseRelease(&m_window->window(), Qt::LeftButton, {}, pointIn(movies));
-    EXPECT_EQ(state().explorerStack().size(), 1U) << "pressed elsewhere";
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 1U) << "pressed elsewhere";
     QTest::mouseDClick(&m_window->window(), Qt::LeftButton, {}, pointIn(movies));
-    EXPECT_EQ(state().explorerStack().size(), 2U) << "what lies there afterwards is not meant";
+    EXPECT_EQ(state().navigation()->explorerStack().size(), 2U) << "what lies there afterwards is not meant";
 }
 
 TEST_F(MapScreen, namesEverySegmentForAssistiveTools) {
@@ -354,7 +357,7 @@ TEST_F(MapScreen, namesEverySegmentForAssistiveTools) {
     EXPECT_EQ(map->focusChild(), map->child(1));
     EXPECT_TRUE(map->child(1)->state().focused);
     map->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(state().explorerStack().back(), node("/Users/sam/Movies"));
+    EXPECT_EQ(state().navigation()->explorerStack().back(), node("/Users/sam/Movies"));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // Every symbol that a table names can be drawn, and files look like what they are.
-#include "app/AppSection.h"
+#include "app/state/AppSection.h"
 #include "core/FileKind.h"
 #include "core/StorageBucket.h"
 #include "tables/SystemTables.h"

@@ -1,5 +1,9 @@
 // The item with the keyboard is in sight, and what is shortened can be read in full, by keyboard too.
 #include "support/FilledWindow.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -77,8 +81,8 @@ TEST_F(Focus, isInSightOnEveryScreenAndSheet) {
         filled.finishScan();
         for (const AppSection section : {AppSection::overview, AppSection::explorer, AppSection::types,
                                          AppSection::large, AppSection::junk, AppSection::history}) {
-            filled.state().setSection(section);
-            eventually([&] { return !filled.state().junkLoading(); });
+            filled.state().navigation()->setSection(section);
+            eventually([&] { return !filled.state().junk()->isLoading(); });
             EXPECT_EQ(unseenStops(), Names()) << look(section).title << size;
             EXPECT_EQ(unseenStops(Qt::Key_Backtab), Names()) << look(section).title << ", backwards" << size;
         }
@@ -87,10 +91,10 @@ TEST_F(Focus, isInSightOnEveryScreenAndSheet) {
         EXPECT_EQ(unseenStops(Qt::Key_Backtab), Names()) << "review, backwards" << size;
         filled.showMixedPlan();
         EXPECT_EQ(unseenStops(), Names()) << "sheet" << size;
-        filled.state().cancelPlan();
+        filled.state().removal()->cancelPlan();
         filled.reachReport();
         EXPECT_EQ(unseenStops(), Names()) << "report" << size;
-        filled.state().setSmartPhase(SmartPhase::idle);
+        filled.state().quickClean()->setSmartPhase(SmartPhase::idle);
     }
 }
 
@@ -115,7 +119,7 @@ TEST_F(Focus, keysScrollThePageAroundIt) {
 TEST_F(Focus, everyColumnIsReachedByKeyWheelAndBar) {
     filled.window().resize(900, 600);
     filled.finishScan();
-    filled.state().setSection(AppSection::large);
+    filled.state().navigation()->setSection(AppSection::large);
     handleEvents();
     quickWindow().grabWindow();
     const auto inSight = [&](const char* title) {
@@ -149,7 +153,7 @@ TEST_F(Focus, everyColumnIsReachedByKeyWheelAndBar) {
 TEST_F(Focus, shortenedTextIsReadInFullByPointerAndByKeyboard) {
     filled.window().resize(900, 600);
     filled.window();
-    filled.state().setSection(AppSection::history);
+    filled.state().navigation()->setSection(AppSection::history);
     ASSERT_TRUE(driver().tabTo("Clear History"));
     driver().key(Qt::Key_Tab);
     driver().key(Qt::Key_Down);
@@ -187,7 +191,7 @@ TEST_F(Focus, reasonOfAVerdictIsNeverCutOnTheSheet) {
             EXPECT_LE(item->property("contentHeight").toDouble(), item->height() + 1);
         }
         EXPECT_GT(reasons, 0);
-        filled.state().cancelPlan();
+        filled.state().removal()->cancelPlan();
         handleEvents();
     }
 }

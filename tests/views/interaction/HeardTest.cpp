@@ -2,6 +2,12 @@
 #include "support/SyntheticTree.h"
 #include "support/TestHome.h"
 #include "views/interaction/Assistive.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <gtest/gtest.h>
 #include <QQuickItem>
@@ -54,10 +60,10 @@ TEST(Heard, theTableTellsEachRowThatTheKeysReach) {
     for (int number = 1; number <= 60; ++number)
         tree.file(tree.root(), "film " + std::to_string(number) + ".mov",
                   10'000'000'000 - number * 1'000'000);
-    app.state().startScan(ScanTarget::folder("/Users/sam"));
+    app.state().scan()->startScan(ScanTarget::folder("/Users/sam"));
     app.walks.begun(0);
     app.walks.finish(0, tree.finish());
-    ASSERT_TRUE(eventually([&] { return !app.state().isScanning(); }));
+    ASSERT_TRUE(eventually([&] { return !app.state().scan()->isScanning(); }));
     ASSERT_TRUE(window.driver().click("film 2.mov, 10 GB"));
     Listener heard(window);
 
@@ -82,8 +88,8 @@ TEST(Heard, junkRowsTellTheirRiskAndThatTheyAreTicked) {
     TestHome home;
     home.fill();
     home.window();
-    home.state().setSection(AppSection::junk);
-    ASSERT_TRUE(eventually([&] { return !home.state().junk().empty() && !home.state().junkLoading(); }));
+    home.state().navigation()->setSection(AppSection::junk);
+    ASSERT_TRUE(eventually([&] { return !home.state().junk()->findings().empty() && !home.state().junk()->isLoading(); }));
     test::WindowDriver& driver = home.driver();
     ASSERT_TRUE(driver.tabTo("Scan Again"));
     driver.key(Qt::Key_Tab);
@@ -108,7 +114,7 @@ TEST(Heard, eachStageOfQuickCleanIsSaid) {
     Listener heard(home.window());
     ASSERT_TRUE(home.scan());
     const QString ready =
-        QString::fromStdString(formatBytes(home.state().smartSelectedSize())) + " ready to clean";
+        QString::fromStdString(formatBytes(home.state().quickClean()->smartSelectedSize())) + " ready to clean";
     EXPECT_EQ(heard.said, (QStringList{"Looking for files you don’t need…", ready}));
     ASSERT_TRUE(home.driver().tabTo("App caches"));
     EXPECT_TRUE(underTheKeys(home.window())->state().checked);
@@ -117,7 +123,7 @@ TEST(Heard, eachStageOfQuickCleanIsSaid) {
 
     ASSERT_TRUE(home.clean());
     const QString cleaned =
-        QString::fromStdString(formatBytes(home.state().lastReport()->freed)) + " cleaned";
+        QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->freed)) + " cleaned";
     EXPECT_EQ(heard.said.mid(2), (QStringList{"Cleaning…", cleaned}));
 }
 
@@ -133,7 +139,7 @@ TEST(Heard, theSheetIsReadRowByRow) {
                          Removal::trash,
                          {Risk::review, "Only you can know."}});
     }
-    app.state().proposePlan(items, "Delete Items");
+    app.state().removal()->proposePlan(items, "Delete Items");
     ASSERT_TRUE(eventually([&] { return window.driver().focused() == "Cancel"; }));
     ASSERT_TRUE(window.driver().tabTo("Review, 30 · 30 KB")) << window.driver().focused().toStdString();
     window.driver().key(Qt::Key_Down);
@@ -153,7 +159,7 @@ TEST(Heard, aNoticeIsToldEachTime) {
     for (const char* message : {"1 item(s) restored", "2 item(s) restored"}) {
         Toast toast;
         toast.message = message;
-        app.state().setToast(toast);
+        app.state().notice()->setToast(toast);
         test::handleEvents();
         EXPECT_TRUE(heard.shown.contains(message)) << message;
     }

@@ -1,6 +1,8 @@
 // Keys that stay pressed: they act once, whatever comes under them meanwhile.
 #include "support/TestHome.h"
 #include "views/interaction/KeyGuard.h"
+#include "app/state/NavigationState.h"
+#include "app/state/QuickCleanState.h"
 
 #include <gtest/gtest.h>
 #include <QCoreApplication>
@@ -63,9 +65,9 @@ TEST(HeldKeys, passOneStageOfQuickClean) {
                 send(home.window().window(), QEvent::KeyRelease, key);
             ASSERT_TRUE(home.reachReview());
             held.repeat(40);
-            EXPECT_EQ(home.state().smartPhase(), SmartPhase::review);
+            EXPECT_EQ(home.state().quickClean()->smartPhase(), SmartPhase::review);
         }
-        EXPECT_EQ(home.state().smartPhase(), SmartPhase::review);
+        EXPECT_EQ(home.state().quickClean()->smartPhase(), SmartPhase::review);
         EXPECT_TRUE(home.disk.exists("Library/Logs/app.log"));
         if (key == Qt::Key_Space)
             continue;
@@ -77,7 +79,7 @@ TEST(HeldKeys, passOneStageOfQuickClean) {
 TEST(HeldKeys, tickABoxOnceAndLeaveASheetOpen) {
     TestHome home;
     home.fill();
-    home.state().setSection(AppSection::junk);
+    home.state().navigation()->setSection(AppSection::junk);
     WindowDriver& driver = home.driver();
     ASSERT_TRUE(driver.await("App caches", QAccessible::CheckBox));
     ASSERT_TRUE(driver.tabTo("Scan Again"));

@@ -7,6 +7,10 @@
 #include "views/files/KindTilesModel.h"
 #include "views/nodes/NodeActions.h"
 #include "views/nodes/RowWindow.h"
+#include "app/state/NavigationState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -28,11 +32,11 @@ constexpr auto fatal = Tester::FailureReportingMode::Fatal;
 class NodeModels : public testing::Test {
 protected:
     void finishScan(std::shared_ptr<ScanResult> result) {
-        state().startScan(ScanTarget::folder("/Users/sam"));
+        state().scan()->startScan(ScanTarget::folder("/Users/sam"));
         const std::size_t walk = m_walks++;
         m_app.walks.begun(walk);
         m_app.walks.finish(walk, std::move(result));
-        ASSERT_TRUE(test::eventually([&] { return !state().isScanning(); }));
+        ASSERT_TRUE(test::eventually([&] { return !state().scan()->isScanning(); }));
     }
 
     /// sam ┬ Movies ┬ b.mov (300), a.mov (200)
@@ -51,7 +55,7 @@ protected:
     }
 
     AppState& state() { return m_app.state(); }
-    FileNode* node(std::string_view path) { return state().scan()->nodeAtPath(path); }
+    FileNode* node(std::string_view path) { return state().scan()->scan()->nodeAtPath(path); }
 
     static QString names(const NodeTableModel& model) {
         QStringList all;
@@ -105,7 +109,7 @@ TEST_F(NodeModels, aLongListIsSortedInTheBackgroundAndOnlyTheLastWishCounts) {
     FileFilter last;
     last.query = "file-12";
     const auto expected = std::ranges::count_if(
-        state().scan()->files, [&](const FileNode* node) { return last.matches(*node, 2e9); });
+        state().scan()->scan()->files, [&](const FileNode* node) { return last.matches(*node, 2e9); });
     ASSERT_GT(expected, 0);
     EXPECT_TRUE(test::eventually([&] { return files.count() == expected; }));
     filter.setQuery({});
@@ -200,11 +204,11 @@ TEST_F(NodeModels, theBarShowsWhatOthersSetAndSaysWhatItEdits) {
     old.minSize = 500'000'000;
     old.modifiedOlderThanDays = 180;
     old.pathPrefix = "/Users/sam/";
-    state().setLargeFilter(old);
+    state().navigation()->setLargeFilter(old);
     EXPECT_EQ(filter.sizeIndex(), -1);
     EXPECT_EQ(filter.ageIndex(), 3);
     filter.setBucketIndex(4);
-    EXPECT_EQ(state().largeFilter().bucket, StorageBucket::video);
+    EXPECT_EQ(state().navigation()->largeFilter().bucket, StorageBucket::video);
     filter.setBucketIndex(0);
     filter.clearPathPrefix();
     filter.setSizeIndex(0);
@@ -214,7 +218,7 @@ TEST_F(NodeModels, theBarShowsWhatOthersSetAndSaysWhatItEdits) {
     filter.toggleKind(2);
     FileFilter documents;
     documents.kinds = {FileKind::document};
-    EXPECT_EQ(state().largeFilter(), documents);
+    EXPECT_EQ(state().navigation()->largeFilter(), documents);
 }
 
 TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
@@ -222,10 +226,10 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     NodeActions actions;
     actions.setState(&state());
     actions.remove();
-    EXPECT_FALSE(state().hasPlan());
+    EXPECT_FALSE(state().removal()->hasPlan());
     FileNode* app = node("/Users/sam/Movies/Big.app");
     actions.take(
-        {state().scan(), {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")}});
+        {state().scan()->scan(), {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")}});
     EXPECT_TRUE(actions.canPreview());
     EXPECT_TRUE(actions.isDirectory());
     EXPECT_EQ(actions.deleteText(), "Delete 3 Items…");
@@ -236,14 +240,14 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     actions.copyPath();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "/Users/sam/Movies/Big.app");
     actions.excludeFromScans();
-    EXPECT_EQ(state().excludedRaw(), "/Users/sam/Movies/Big.app");
+    EXPECT_EQ(state().preferences()->excludedRaw(), "/Users/sam/Movies/Big.app");
     actions.openInExplorer();
-    EXPECT_EQ(state().section(), AppSection::explorer);
-    EXPECT_EQ(state().explorerStack(), (std::vector<FileNode*>{state().scan()->root, app->parent, app}));
+    EXPECT_EQ(state().navigation()->section(), AppSection::explorer);
+    EXPECT_EQ(state().navigation()->explorerStack(), (std::vector<FileNode*>{state().scan()->scan()->root, app->parent, app}));
     actions.remove();
-    EXPECT_TRUE(state().hasPlan());
-    ASSERT_TRUE(test::eventually([&] { return state().plan() != nullptr; }));
-    const DeletionPlan& plan = *state().plan();
+    EXPECT_TRUE(state().removal()->hasPlan());
+    ASSERT_TRUE(test::eventually([&] { return state().removal()->plan() != nullptr; }));
+    const DeletionPlan& plan = *state().removal()->plan();
     EXPECT_EQ(plan.title, "Delete Items");
     ASSERT_EQ(plan.items.size(), 2U) << "what lies in the bundle goes with it";
     EXPECT_EQ(plan.items[0].path, "/Users/sam/Movies/Big.app");

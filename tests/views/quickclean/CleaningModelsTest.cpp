@@ -7,6 +7,11 @@
 #include "views/quickclean/ReviewModel.h"
 #include "views/quickclean/SmartCleanModel.h"
 #include "views/removal/PlanModel.h"
+#include "app/state/JunkState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,8 +39,8 @@ QStringList column(const QAbstractItemModel& model, int role) {
 
 void publish(TestApp& app, std::vector<JunkFinding> junk) {
     app.junkSearch = [junk = std::move(junk)] { return junk; };
-    app.state().loadJunk();
-    ASSERT_TRUE(eventually([&] { return !app.state().junkLoading(); }));
+    app.state().junk()->load();
+    ASSERT_TRUE(eventually([&] { return !app.state().junk()->isLoading(); }));
 }
 
 TEST(JunkModel, opensARuleToAtMostThreeHundredItemsAndSaysHowManyMore) {
@@ -80,10 +85,10 @@ TEST(JunkModel, revealsAndPlansTheItemsThatItShows) {
 
     model.toggleTick(3);
     model.clean();
-    ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
-    ASSERT_EQ(app.state().plan()->items.size(), 1U);
-    EXPECT_EQ(app.state().plan()->items[0].path, "/junk/old-installers/y.pkg");
-    EXPECT_EQ(app.state().plan()->items[0].removal, Removal::trash);
+    ASSERT_TRUE(eventually([&] { return app.state().removal()->plan() != nullptr; }));
+    ASSERT_EQ(app.state().removal()->plan()->items.size(), 1U);
+    EXPECT_EQ(app.state().removal()->plan()->items[0].path, "/junk/old-installers/y.pkg");
+    EXPECT_EQ(app.state().removal()->plan()->items[0].removal, Removal::trash);
 }
 
 TEST(ReviewModel, groupsFindingsInTheHeadingsOrder) {
@@ -110,12 +115,12 @@ TEST(PlanModel, sortsRowsByRiskAndCountsReviewOnlyWhenAccepted) {
     PlanModel model;
     const QAbstractItemModelTester tester(&model, reporting);
     model.setState(&app.state());
-    app.state().proposePlan({planItem("lock", 1, Risk::protected_), planItem("b", 20, Risk::review),
+    app.state().removal()->proposePlan({planItem("lock", 1, Risk::protected_), planItem("b", 20, Risk::review),
                              planItem("a", 300, Risk::safe), planItem("c", 4'000, Risk::review)},
                             "Clean Junk");
     EXPECT_EQ(model.checkingNote(), "Checking 4 item(s) · 4 KB…");
     EXPECT_FALSE(model.canDelete());
-    ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
+    ASSERT_TRUE(eventually([&] { return app.state().removal()->plan() != nullptr; }));
     EXPECT_EQ(model.checkingNote(), "");
     EXPECT_EQ(column(model, PlanModel::name),
               (QStringList{"Safe", "a", "Review", "b", "c", "Protected", "lock"}));
@@ -125,7 +130,7 @@ TEST(PlanModel, sortsRowsByRiskAndCountsReviewOnlyWhenAccepted) {
     EXPECT_EQ(model.protectedNote(), "1 protected item(s) won’t be touched.");
     model.setAcceptedReview(true);
     EXPECT_EQ(model.total(), 4'320);
-    app.state().proposePlan({planItem("b", 20, Risk::review)}, "Clean Junk");
+    app.state().removal()->proposePlan({planItem("b", 20, Risk::review)}, "Clean Junk");
     EXPECT_FALSE(model.acceptedReview()) << "each plan asks anew";
 }
 
@@ -142,8 +147,8 @@ TEST(PlanModel, deletesOnlyWhereSomethingWouldGo) {
         TestApp app;
         PlanModel model;
         model.setState(&app.state());
-        app.state().proposePlan(one.items, "Clean Junk");
-        ASSERT_TRUE(eventually([&] { return app.state().plan() != nullptr; }));
+        app.state().removal()->proposePlan(one.items, "Clean Junk");
+        ASSERT_TRUE(eventually([&] { return app.state().removal()->plan() != nullptr; }));
         EXPECT_EQ(model.canDelete(), one.before);
         model.setAcceptedReview(true);
         EXPECT_EQ(model.canDelete(), one.accepted);
@@ -156,7 +161,7 @@ TEST(PlanModel, speaksOfPermanentDeletionWhereThatIsWanted) {
     model.setState(&app.state());
     EXPECT_EQ(model.deleteLabel(), "Delete");
     QSignalSpy changed(&model, &PlanModel::explanationChanged);
-    app.state().setPermanentDelete(true);
+    app.state().preferences()->setPermanentDelete(true);
     EXPECT_EQ(changed.count(), 1);
     EXPECT_EQ(model.deleteLabel(), "Delete Permanently");
     EXPECT_EQ(model.explanation(), "These will be deleted permanently. They can't be recovered.");
@@ -182,7 +187,7 @@ TEST(HistoryModel, tellsTheMethodAndWhetherTheWayBackIsOpen) {
     const QAbstractItemModelTester tester(&model, reporting);
     model.setState(&app.state());
     ASSERT_TRUE(
-        eventually([&] { return model.count() == 5 && app.state().removals().isRestorable(first.id); }));
+        eventually([&] { return model.count() == 5 && app.state().removal()->removals().isRestorable(first.id); }));
     EXPECT_EQ(column(model, HistoryModel::method),
               (QStringList{"Trash", "Trash", "Trash", "Deleted", "Restored"}));
     EXPECT_EQ(column(model, HistoryModel::restorable),
@@ -221,8 +226,8 @@ TEST(SmartCleanModel, reportHasALineForEachThingThatHappened) {
         SmartCleanModel model;
         model.setState(&app.state());
         EXPECT_EQ(model.cleanedLine(), "");
-        app.state().startSmartClean();
-        ASSERT_TRUE(eventually([&] { return app.state().toast().has_value(); }));
+        app.state().quickClean()->startSmartClean();
+        ASSERT_TRUE(eventually([&] { return app.state().notice()->toast().has_value(); }));
         app.clock.advance(std::chrono::seconds(2));
         EXPECT_EQ(model.cleanedLine(), one.title);
         EXPECT_EQ(model.reportLines(), one.lines);

@@ -2,6 +2,11 @@
 #include "support/MadeUpJunk.h"
 #include "support/TestHome.h"
 #include "support/Timing.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
 
 #include <cstdio>
 #include <fstream>
@@ -45,7 +50,7 @@ std::set<std::string> differences(const Snapshot& left, const Snapshot& right) {
 
 std::vector<std::string> listedPaths(const AppState& state) {
     std::vector<std::string> paths;
-    for (const DeletionRequest& request : cleanRequests(state.junk(), state.smartSelection()))
+    for (const DeletionRequest& request : cleanRequests(state.junk()->findings(), state.quickClean()->smartSelection()))
         paths.push_back(request.path);
     return paths;
 }
@@ -63,7 +68,7 @@ TEST(Cleaning, removesWhatWasReviewedAndNothingElse) {
     ASSERT_TRUE(home.clean());
 
     EXPECT_THAT(differences(home.snapshot(), without(before, listed, home.disk.root())), IsEmpty());
-    EXPECT_TRUE(home.driver().await(QString::fromStdString(formatBytes(home.state().lastReport()->freed)) +
+    EXPECT_TRUE(home.driver().await(QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->freed)) +
                                     " cleaned"));
     home.driver().click("Done", QAccessible::Button);
     ASSERT_TRUE(home.scan());
@@ -81,7 +86,7 @@ TEST(Cleaning, tickedReviewRuleGoesToTheTrashAndUndoBringsItBack) {
     EXPECT_FALSE(home.disk.exists("Downloads/Old.dmg"));
     EXPECT_TRUE(home.disk.exists(".Trash/Old.dmg"));
     EXPECT_TRUE(
-        home.driver().shows(QString::fromStdString(formatBytes(home.state().lastReport()->movedToTrash)) +
+        home.driver().shows(QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->movedToTrash)) +
                             " is in the Trash until you empty it."));
 
     ASSERT_TRUE(home.driver().click("Undo", QAccessible::Button));
@@ -96,7 +101,7 @@ TEST(Cleaning, itemWhoseApplicationHasStartedStaysAndIsTold) {
     home.disk.file("Applications/Editor.app/Contents/Info.plist", 9'000);
     home.app.bundles.byPath[bundle] = "com.example.editor";
     home.window();
-    home.state().proposeJunkPlan({{{bundle, "", 9'000, 1, {}}, Removal::trash}});
+    home.state().junk()->proposePlan({{{bundle, "", 9'000, 1, {}}, Removal::trash}});
     ASSERT_TRUE(home.driver().await("Delete", QAccessible::Button));
     ASSERT_TRUE(home.driver().await("I’ve reviewed the 1 item(s) marked Review and want to delete them"));
     home.driver().click("I’ve reviewed the 1 item(s) marked Review and want to delete them");
@@ -141,7 +146,7 @@ TEST(Cleaning, historyRestoresAfterARestartAndIsCleared) {
     EXPECT_TRUE(disk->exists("Downloads/Old.dmg"));
     EXPECT_FALSE(disk->exists(".Trash/Old.dmg"));
     EXPECT_TRUE(home.driver().awaitGone("Restore"));
-    EXPECT_EQ(home.state().history().size(), 5U);
+    EXPECT_EQ(home.state().removal()->history().size(), 5U);
 
     const Snapshot before = home.snapshot();
     home.driver().click("Clear History", QAccessible::Button);
@@ -165,7 +170,7 @@ TEST(Cleaning, junkGoesThroughTheSheetWhoseSafeButtonIsTheDefault) {
         EXPECT_FALSE(home.driver().find("Delete", QAccessible::Button)->isEnabled());
         home.driver().key(closing);
         EXPECT_TRUE(home.driver().awaitGone("Cancel"));
-        EXPECT_FALSE(home.state().plan());
+        EXPECT_FALSE(home.state().removal()->plan());
     }
     home.driver().click("Clean…", QAccessible::Button);
     ASSERT_TRUE(home.driver().await("I’ve reviewed the 1 item(s) marked Review and want to delete them"));
@@ -193,18 +198,18 @@ TEST(Cleaning, quickCleanByKeyboardAlone) {
 
     EXPECT_EQ(driver.focused(), "Done");
     driver.key(Qt::Key_Return);
-    EXPECT_EQ(home.state().smartPhase(), SmartPhase::idle);
+    EXPECT_EQ(home.state().quickClean()->smartPhase(), SmartPhase::idle);
 }
 
 TEST(Cleaning, junkAndHistoryByKeyboardAlone) {
     TestHome home;
     home.fill();
     test::WindowDriver& driver = home.driver();
-    while (home.state().section() != AppSection::junk)
+    while (home.state().navigation()->section() != AppSection::junk)
         driver.key(Qt::Key_Down);
     ASSERT_TRUE(driver.tabTo("Scan Again"));
     driver.key(Qt::Key_Return);
-    ASSERT_TRUE(eventually([&] { return !home.state().junkLoading(); }));
+    ASSERT_TRUE(eventually([&] { return !home.state().junk()->isLoading(); }));
     driver.key(Qt::Key_Tab); // to the list, whose current row has the keyboard
     for (const Qt::Key key : {Qt::Key_End, Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
         driver.key(key);
@@ -216,10 +221,10 @@ TEST(Cleaning, junkAndHistoryByKeyboardAlone) {
     driver.key(Qt::Key_Space);
     ASSERT_TRUE(driver.tabTo("Delete"));
     driver.key(Qt::Key_Return);
-    ASSERT_TRUE(eventually([&] { return home.state().toast().has_value(); }));
+    ASSERT_TRUE(eventually([&] { return home.state().notice()->toast().has_value(); }));
     ASSERT_TRUE(home.disk.exists(".Trash/Old.dmg"));
 
-    home.state().setSection(AppSection::history);
+    home.state().navigation()->setSection(AppSection::history);
     ASSERT_TRUE(driver.tabTo("Clear History"));
     driver.key(Qt::Key_Tab);
     driver.key(Qt::Key_Home);

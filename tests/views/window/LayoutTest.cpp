@@ -1,5 +1,12 @@
 // Texts fit: in every window size, with longer and with larger texts, and mirrored.
 #include "support/FilledWindow.h"
+#include "app/state/AccessState.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <array>
 #include <cmath>
@@ -48,19 +55,19 @@ void expectTextsToFit(TestWindow& window, const std::string& where) {
 
 void visitStates(TestApp& app, TestWindow& window, const std::string& where) {
     for (const AppSectionLook& section : allSections()) {
-        window.state().setSection(section.section);
+        window.state().navigation()->setSection(section.section);
         expectTextsToFit(window, where + ", " + std::string(section.title));
     }
-    window.state().setSection(AppSection::overview);
-    window.state().startScan(ScanTarget::home());
+    window.state().navigation()->setSection(AppSection::overview);
+    window.state().scan()->startScan(ScanTarget::home());
     expectTextsToFit(window, where + ", onboarding");
-    window.state().scanWithoutAccess();
+    window.state().access()->scanWithoutAccess();
     app.walks.begun(app.walks.count() > 0 ? app.walks.count() - 1 : 0)
         .progress(12'345'678, 9'876'543'210'000, "/Users/sam/" + std::string(300, 'x'));
-    test::eventually([&] { return window.state().progress().files > 0; });
+    test::eventually([&] { return window.state().scan()->progress().files > 0; });
     expectTextsToFit(window, where + ", scanning");
     app.walks.finish(app.walks.count() - 1, mixedResult());
-    test::eventually([&] { return window.state().hasScan(); });
+    test::eventually([&] { return window.state().scan()->hasScan(); });
     expectTextsToFit(window, where + ", scanned");
 }
 
@@ -95,11 +102,11 @@ TEST_P(Layout, longerTextsFit) {
 void visitSections(FilledWindow& filled, const std::string& where) {
     filled.finishScan();
     for (const AppSectionLook& section : allSections()) {
-        filled.state().setSection(section.section);
-        eventually([&] { return !filled.state().junkLoading(); });
+        filled.state().navigation()->setSection(section.section);
+        eventually([&] { return !filled.state().junk()->isLoading(); });
         expectTextsToFit(filled.window(), where + ", " + std::string(section.title));
     }
-    filled.state().setSection(AppSection::explorer);
+    filled.state().navigation()->setSection(AppSection::explorer);
     filled.driver().click("Map");
     expectTextsToFit(filled.window(), where + ", map");
     filled.driver().click("List");
@@ -112,15 +119,15 @@ void visitCleaning(FilledWindow& filled, const std::string& where) {
     expectTextsToFit(filled.window(), where + ", review");
     filled.showMixedPlan();
     expectTextsToFit(filled.window(), where + ", sheet");
-    filled.state().cancelPlan();
+    filled.state().removal()->cancelPlan();
     filled.reachReport();
     expectTextsToFit(filled.window(), where + ", report");
-    filled.state().setSection(AppSection::history);
+    filled.state().navigation()->setSection(AppSection::history);
     expectTextsToFit(filled.window(), where + ", history with failures");
-    filled.state().setSection(AppSection::duplicates); // with room for the notice
+    filled.state().navigation()->setSection(AppSection::duplicates); // with room for the notice
     filled.showNotice();
     expectTextsToFit(filled.window(), where + ", notice");
-    filled.state().setToast(std::nullopt);
+    filled.state().notice()->setToast(std::nullopt);
 }
 
 class FilledLayout : public testing::TestWithParam<Size> {};
@@ -133,7 +140,7 @@ TEST_P(FilledLayout, DISABLED_screensFitAtEveryTextSize) {
         const std::string where = "text times " + std::to_string(scale);
         visitSections(filled, where);
         visitCleaning(filled, where);
-        filled.state().setSmartPhase(SmartPhase::idle);
+        filled.state().quickClean()->setSmartPhase(SmartPhase::idle);
     }
 }
 
@@ -160,7 +167,7 @@ TEST(LayoutDirection, mirrorsWhileTheProgramRuns) {
     FilledWindow filled;
     filled.window().resize(900, 600);
     filled.finishScan();
-    filled.state().setSection(AppSection::large);
+    filled.state().navigation()->setSection(AppSection::large);
     const auto look = [&] {
         test::handleEvents();
         filled.window().window().grabWindow();
@@ -181,7 +188,7 @@ TEST(LayoutDirection, arrowKeysFollowIt) {
     {
         FilledWindow filled;
         filled.window();
-        filled.state().setSection(AppSection::junk);
+        filled.state().navigation()->setSection(AppSection::junk);
         ASSERT_TRUE(filled.driver().await("App caches"));
         ASSERT_TRUE(filled.driver().tabTo("Scan Again"));
         filled.driver().key(Qt::Key_Tab);
@@ -195,7 +202,7 @@ TEST(LayoutDirection, arrowKeysFollowIt) {
 TEST(TextSize, followsTheSystemWhileTheProgramRuns) {
     FilledWindow filled;
     filled.window();
-    filled.state().setSection(AppSection::history);
+    filled.state().navigation()->setSection(AppSection::history);
     const auto height = [&] { return filled.driver().await("Clear History", QAccessible::Button)->height(); };
     const double before = height();
     const QFont usual = QGuiApplication::font();

@@ -1,6 +1,11 @@
 // The main window as its user meets it, by mouse and keyboard.
 #include "support/SyntheticTree.h"
 #include "support/TestWindow.h"
+#include "app/state/AccessState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/ScanState.h"
 
 #include <chrono>
 #include <gmock/gmock.h>
@@ -30,12 +35,12 @@ TEST(MainWindow, choosesSectionsByMouseAndArrows) {
     TestApp app;
     TestWindow window(app);
     ASSERT_TRUE(window.driver().click("History", QAccessible::ListItem));
-    EXPECT_EQ(window.state().section(), AppSection::history);
+    EXPECT_EQ(window.state().navigation()->section(), AppSection::history);
     window.driver().key(Qt::Key_Up);
-    EXPECT_EQ(window.state().section(), AppSection::duplicates);
+    EXPECT_EQ(window.state().navigation()->section(), AppSection::duplicates);
     window.driver().key(Qt::Key_Down);
     window.driver().key(Qt::Key_Down);
-    EXPECT_EQ(window.state().section(), AppSection::history);
+    EXPECT_EQ(window.state().navigation()->section(), AppSection::history);
 }
 
 TEST(MainWindow, opensEverySectionWithoutAWarning) {
@@ -44,7 +49,7 @@ TEST(MainWindow, opensEverySectionWithoutAWarning) {
     for (const AppSectionLook& section : allSections()) {
         const QString title = QString::fromStdString(std::string(section.title));
         window.driver().click(title, QAccessible::ListItem);
-        EXPECT_EQ(window.state().section(), section.section);
+        EXPECT_EQ(window.state().navigation()->section(), section.section);
         test::handleEvents();
     }
 }
@@ -60,7 +65,7 @@ TEST(MainWindow, startsStopsAndRestartsAScan) {
     EXPECT_TRUE(driver.shows("~/Movies"));
 
     driver.click("Stop", QAccessible::Button);
-    EXPECT_FALSE(window.state().isScanning());
+    EXPECT_FALSE(window.state().scan()->isScanning());
     EXPECT_TRUE(driver.await("Scan", QAccessible::Button));
     driver.click("Scan", QAccessible::Button);
     app.walks.begun(1);
@@ -68,7 +73,7 @@ TEST(MainWindow, startsStopsAndRestartsAScan) {
     app.walks.finish(1, sampleResult());
     EXPECT_TRUE(driver.await("Rescan", QAccessible::Button));
     EXPECT_TRUE(driver.await("Total: 5 GB"));
-    EXPECT_EQ(window.state().scan()->rootPath, "/Users/sam");
+    EXPECT_EQ(window.state().scan()->scan()->rootPath, "/Users/sam");
 
     driver.click("Rescan", QAccessible::Button);
     driver.click("Stop", QAccessible::Button);
@@ -87,18 +92,18 @@ TEST(MainWindow, onboardingHoldsTheScanUntilItIsSkipped) {
 
     driver.click("Open Settings", QAccessible::Button);
     EXPECT_THAT(app.log, Contains(std::string("open ") + fullDiskAccessSettingsUrl));
-    EXPECT_TRUE(window.state().showAccessOnboarding());
+    EXPECT_TRUE(window.state().access()->showAccessOnboarding());
 
     driver.key(Qt::Key_Escape);
     EXPECT_TRUE(driver.awaitGone("Let Brimlet see your whole disk"));
-    EXPECT_FALSE(window.state().showAccessOnboarding());
+    EXPECT_FALSE(window.state().access()->showAccessOnboarding());
     EXPECT_EQ(app.walks.count(), 0U);
 
     driver.click("Scan Entire Disk", QAccessible::Button);
     driver.click("Scan Without Access", QAccessible::Button);
     EXPECT_TRUE(driver.awaitGone("Let Brimlet see your whole disk"));
     EXPECT_EQ(app.walks.begun(0).rootPath, ScanTarget::wholeDisk().path(app.homeFolder));
-    EXPECT_TRUE(window.state().accessOnboardingSkipped());
+    EXPECT_TRUE(window.state().access()->accessOnboardingSkipped());
 }
 
 TEST(MainWindow, bannerAsksForAccessAgain) {
@@ -107,7 +112,7 @@ TEST(MainWindow, bannerAsksForAccessAgain) {
     app.preferences.values["initialSection"] = std::string("overview");
     app.preferences.values["accessOnboardingSkipped"] = true;
     TestWindow window(app);
-    window.state().startScan(ScanTarget::home());
+    window.state().scan()->startScan(ScanTarget::home());
     app.walks.finish(0, sampleResult());
     WindowDriver& driver = window.driver();
     ASSERT_TRUE(driver.await("Grant Full Disk Access"));
@@ -133,9 +138,9 @@ TEST(MainWindow, menuEntriesAndShortcutsStartScans) {
     }
     TestApp app;
     TestWindow window(app);
-    window.state().setSection(AppSection::history);
+    window.state().navigation()->setSection(AppSection::history);
     window.driver().key(Qt::Key_1, Qt::ControlModifier);
-    EXPECT_EQ(window.state().section(), AppSection::smartClean);
+    EXPECT_EQ(window.state().navigation()->section(), AppSection::smartClean);
     window.driver().click("Menu", QAccessible::Button);
     window.driver().click("Scan Home Folder", QAccessible::MenuItem);
     EXPECT_EQ(app.walks.begun(0).rootPath, "/Users/sam");
@@ -196,7 +201,7 @@ TEST(MainWindow, footerIsEmptyWithoutFigures) {
     EXPECT_TRUE(window.driver().shows("Data"));
     EXPECT_TRUE(window.driver().shows("1.5 TB free"));
     app.volumes.info.reset();
-    window.state().startScan(ScanTarget::home());
+    window.state().scan()->startScan(ScanTarget::home());
     app.walks.finish(0, nullptr);
     EXPECT_TRUE(window.driver().awaitGone("Disk usage"));
     EXPECT_FALSE(window.driver().shows("Zero KB free"));
@@ -212,13 +217,13 @@ TEST(MainWindow, everyNoticeHasItsOwnEightSeconds) {
     };
     Toast first;
     first.message = "First";
-    window.state().setToast(first);
+    window.state().notice()->setToast(first);
     ASSERT_TRUE(window.driver().await("First"));
     QTest::qWait(4'000);
     Toast second;
     second.message = "Second";
     second.detail = "With a detail";
-    window.state().setToast(second);
+    window.state().notice()->setToast(second);
     ASSERT_TRUE(window.driver().await("Second"));
     EXPECT_TRUE(window.driver().shows("With a detail"));
     EXPECT_FALSE(window.driver().shows("First"));
@@ -237,15 +242,15 @@ TEST(MainWindow, noticeOffersUndoOnlyWhereItCan) {
     Toast toast;
     toast.message = "Moved to Trash";
     toast.undoable = std::make_shared<const std::vector<HistoryEntry>>(1, entry);
-    window.state().setToast(toast);
+    window.state().notice()->setToast(toast);
     window.driver().click("Undo", QAccessible::Button);
-    ASSERT_TRUE(test::eventually([&] { return window.state().toast().has_value(); }));
+    ASSERT_TRUE(test::eventually([&] { return window.state().notice()->toast().has_value(); }));
     EXPECT_TRUE(app.disk.exists("a.txt"));
-    EXPECT_EQ(window.state().toast()->message, "1 item(s) restored");
+    EXPECT_EQ(window.state().notice()->toast()->message, "1 item(s) restored");
 
-    window.state().setToast(Toast{});
+    window.state().notice()->setToast(Toast{});
     window.driver().click("Close", QAccessible::Button);
-    EXPECT_FALSE(window.state().toast().has_value());
+    EXPECT_FALSE(window.state().notice()->toast().has_value());
 }
 
 TEST(MainWindow, clicksOnTheNoticeMeanNothingBelowIt) {
@@ -255,7 +260,7 @@ TEST(MainWindow, clicksOnTheNoticeMeanNothingBelowIt) {
     ASSERT_NE(scan, nullptr);
     Toast toast;
     toast.message = "Moved to Trash";
-    window.state().setToast(toast);
+    window.state().notice()->setToast(toast);
     QQuickItem* notice = window.driver().await("Moved to Trash", QAccessible::AlertMessage);
     ASSERT_NE(notice, nullptr);
     // A notice may come to lie over any control.
@@ -263,7 +268,7 @@ TEST(MainWindow, clicksOnTheNoticeMeanNothingBelowIt) {
     scan->setPosition(scan->parentItem()->mapFromScene(spot) - QPointF(scan->width(), scan->height()) / 2);
     QTest::mouseClick(&window.window(), Qt::LeftButton, {}, spot.toPoint());
     test::handleEvents();
-    EXPECT_EQ(window.state().smartPhase(), SmartPhase::idle);
+    EXPECT_EQ(window.state().quickClean()->smartPhase(), SmartPhase::idle);
 }
 
 TEST(MainWindow, theButtonOfAnOpenMenuClosesIt) {
@@ -323,7 +328,7 @@ TEST(MainWindow, sheetKeepsTheKeyboardAndGivesItBack) {
     EXPECT_FALSE(driver.tabTo("Home Folder Only", 10));
     ASSERT_TRUE(driver.tabTo("Scan Without Access"));
     driver.key(Qt::Key_Return);
-    EXPECT_TRUE(window.state().isScanning());
+    EXPECT_TRUE(window.state().scan()->isScanning());
 }
 
 } // namespace

@@ -6,6 +6,11 @@
 #include "views/files/FilterEditor.h"
 #include "views/nodes/NodeActions.h"
 #include "views/removal/PlanModel.h"
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -23,8 +28,8 @@ TEST(ManyItems, fiftyThousandAppearAtOnce) {
     app.junkSearch = [&] { return junk; };
     test::TestWindow window(app);
     AppState& state = window.state();
-    state.loadJunk();
-    ASSERT_TRUE(test::eventually([&] { return !state.junkLoading(); }));
+    state.junk()->load();
+    ASSERT_TRUE(test::eventually([&] { return !state.junk()->isLoading(); }));
     std::vector<PlanItem> items;
     for (const JunkItem& item : junk[0].items)
         items.push_back({item.path, "item", item.size, Removal::trash, {Risk::safe, "because"}});
@@ -45,20 +50,20 @@ TEST(ManyItems, fiftyThousandAppearAtOnce) {
         return best;
     };
     constexpr double limitMilliseconds = 200;
-    const double review = shownAfter([&] { state.setSmartPhase(SmartPhase::review); },
-                                     [&] { state.setSmartPhase(SmartPhase::idle); });
+    const double review = shownAfter([&] { state.quickClean()->setSmartPhase(SmartPhase::review); },
+                                     [&] { state.quickClean()->setSmartPhase(SmartPhase::idle); });
     EXPECT_LT(review, limitMilliseconds);
-    const double list = shownAfter([&] { state.setSection(AppSection::junk); },
-                                   [&] { state.setSection(AppSection::smartClean); });
+    const double list = shownAfter([&] { state.navigation()->setSection(AppSection::junk); },
+                                   [&] { state.navigation()->setSection(AppSection::smartClean); });
     EXPECT_LT(list, limitMilliseconds);
     const double sheet = shownAfter(
         [&] {
-            state.proposePlan(items, "Clean Junk"); // the sheet opens at once, whatever is still checked
-            ASSERT_TRUE(state.hasPlan());
+            state.removal()->proposePlan(items, "Clean Junk"); // the sheet opens at once, whatever is still checked
+            ASSERT_TRUE(state.removal()->hasPlan());
         },
         [&] {
-            ASSERT_TRUE(test::eventually([&] { return state.plan() != nullptr; }));
-            state.cancelPlan();
+            ASSERT_TRUE(test::eventually([&] { return state.removal()->plan() != nullptr; }));
+            state.removal()->cancelPlan();
         });
     EXPECT_LT(sheet, limitMilliseconds);
 }
@@ -120,7 +125,7 @@ TEST(ManyItems, halfAMillionRowsAreProposedAndCancelledInPiecesOfLessThanAFrame)
     sheet.setState(&state);
     NodeActions actions;
     actions.setState(&state);
-    state.startScan(ScanTarget::home());
+    state.scan()->startScan(ScanTarget::home());
     app.walks.finish(0, halfAMillionFiles());
     ASSERT_TRUE(test::eventually([&] { return files.count() == 500'000; }));
     files.selectAll();
@@ -128,13 +133,13 @@ TEST(ManyItems, halfAMillionRowsAreProposedAndCancelledInPiecesOfLessThanAFrame)
     LongestStep steps;
     steps.take("choosing", [&] { actions.takeSelected(&files); });
     steps.take("proposing", [&] { actions.remove(); });
-    EXPECT_TRUE(state.hasPlan());
+    EXPECT_TRUE(state.removal()->hasPlan());
     EXPECT_EQ(sheet.checkingNote().isEmpty(), false);
     // Half a million looks at the disk, in the background and at low priority, may take their time.
-    for (int patience = 0; patience < 5 && state.plan() == nullptr; ++patience)
-        steps.await("publishing", [&] { return state.plan() != nullptr; });
-    ASSERT_NE(state.plan(), nullptr);
-    EXPECT_EQ(state.plan()->items.size(), 500'000U);
+    for (int patience = 0; patience < 5 && state.removal()->plan() == nullptr; ++patience)
+        steps.await("publishing", [&] { return state.removal()->plan() != nullptr; });
+    ASSERT_NE(state.removal()->plan(), nullptr);
+    EXPECT_EQ(state.removal()->plan()->items.size(), 500'000U);
     EXPECT_EQ(sheet.rowCount(), 500'001);
     steps.take("a row", [&] { sheet.index(400'000).data(PlanModel::name).toString(); });
     steps.take("cancelling", [&] { sheet.cancel(); });

@@ -1,6 +1,7 @@
 // While a large tree is scanned, nothing of our own holds up the main thread for longer than a frame.
 #include "support/TemporaryTree.h"
 #include "support/TestWindow.h"
+#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <chrono>
@@ -130,14 +131,14 @@ TEST(Watchdog, scanOfThreeHundredThousandFilesLeavesTheMainThreadFree) {
     const double noise = timed.longest().wall;
 
     timed.forget();
-    QSignalSpy progress(&window.state(), &AppState::progressChanged);
+    QSignalSpy progress(&window.state(), &ScanState::progressChanged);
     for (int scan = 1; scan <= 3; ++scan) {
-        window.state().startScan(ScanTarget::folder(tree.root()));
-        ASSERT_TRUE(test::eventually([&] { return !window.state().isScanning(); }));
-        ASSERT_EQ(window.state().revision(), scan);
+        window.state().scan()->startScan(ScanTarget::folder(tree.root()));
+        ASSERT_TRUE(test::eventually([&] { return !window.state().scan()->isScanning(); }));
+        ASSERT_EQ(window.state().scan()->revision(), scan);
         QTest::qWait(200);
     }
-    EXPECT_EQ(window.state().scan()->totalFiles, folderCount * filesPerFolder);
+    EXPECT_EQ(window.state().scan()->scan()->totalFiles, folderCount * filesPerFolder);
     EXPECT_GE(progress.count(), 3);
     EXPECT_GT(timed.events(), 5);
     EXPECT_LE(timed.busiest().processor, frameMilliseconds) << timed.busiestName().toStdString();

@@ -1,4 +1,4 @@
-#include "app/StageClock.h"
+#include "app/background/StageClock.h"
 
 #include <QTimer>
 #include <utility>

@@ -7,7 +7,7 @@
 // Main thread. The owner destroys the BackgroundWork first.
 #pragma once
 
-#include "app/BackgroundWork.h"
+#include "app/background/BackgroundWork.h"
 
 #include <functional>
 #include <stop_token>

@@ -5,8 +5,8 @@
 // hands over. Main thread; nothing here looks at the disk.
 #pragma once
 
-#include "app/BackgroundWork.h"
-#include "app/WorkGate.h"
+#include "app/background/BackgroundWork.h"
+#include "app/background/WorkGate.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/history/DeletionHistory.h"
 #include "safety/history/DeletionRecords.h"

@@ -5,7 +5,7 @@
 // thread.
 #pragma once
 
-#include "app/BackgroundWork.h"
+#include "app/background/BackgroundWork.h"
 #include "safety/history/DeletionRecords.h"
 
 #include <array>

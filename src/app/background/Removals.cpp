@@ -1,6 +1,6 @@
-#include "app/Removals.h"
+#include "app/background/Removals.h"
 
-#include "app/LargeValue.h"
+#include "app/background/LargeValue.h"
 #include "safety/DeletionPlanning.h"
 
 #include <algorithm>

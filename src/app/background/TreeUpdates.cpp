@@ -1,4 +1,4 @@
-#include "app/TreeUpdates.h"
+#include "app/background/TreeUpdates.h"
 
 #include <algorithm>
 #include <span>
@@ -13,11 +13,11 @@ constexpr std::size_t pieceSize = 1'000;
 
 } // namespace
 
-void TreeUpdates::markDeleted(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then) {
+void TreeUpdates::markDeleted(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then) {
     add({&ScanResult::markNodesDeleted, std::move(scan), std::move(paths), std::move(then)});
 }
 
-void TreeUpdates::markRestored(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then) {
+void TreeUpdates::markRestored(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then) {
     add({&ScanResult::markNodesRestored, std::move(scan), std::move(paths), std::move(then)});
 }
 

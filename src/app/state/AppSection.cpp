@@ -1,4 +1,4 @@
-#include "app/AppSection.h"
+#include "app/state/AppSection.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // What the application asks of the world around it, handed over in one piece at creation.
 #pragma once
 
-#include "app/Removals.h"
-#include "app/StageClock.h"
+#include "app/background/Removals.h"
+#include "app/background/StageClock.h"
 #include "core/walk/Scanner.h"
 #include "junk/JunkFinder.h"
 #include "platform/AccessProbe.h"

@@ -3,7 +3,8 @@
 // Main thread.
 #pragma once
 
-#include "app/BackgroundWork.h"
+#include "app/background/BackgroundWork.h"
+#include "app/background/PathUpdates.h"
 #include "core/ScanResult.h"
 
 #include <cstddef>
@@ -11,20 +12,16 @@
 #include <functional>
 #include <memory>
 #include <span>
-#include <string>
-#include <unordered_set>
 #include <vector>
 
 namespace brimlet {
 
 class TreeUpdates {
 public:
-    using Paths = std::shared_ptr<const std::unordered_set<std::string>>;
-
     /// scan   null where there is no tree to be brought up to date
     /// then   called when all is marked, also without a tree
-    void markDeleted(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then);
-    void markRestored(std::shared_ptr<ScanResult> scan, Paths paths, std::function<void()> then);
+    void markDeleted(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then);
+    void markRestored(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then);
 
 private:
     using Mark = void (ScanResult::*)(std::span<FileNode* const>);
@@ -32,7 +29,7 @@ private:
     struct Update {
         Mark mark;
         std::shared_ptr<ScanResult> scan;
-        Paths paths;
+        SharedPaths paths;
         std::function<void()> then;
     };
 

@@ -1,6 +1,6 @@
-#include "app/PlanProposals.h"
+#include "app/background/PlanProposals.h"
 
-#include "app/LargeValue.h"
+#include "app/background/LargeValue.h"
 #include "safety/DeletionPlanning.h"
 
 #include <utility>

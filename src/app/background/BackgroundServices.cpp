@@ -1,6 +1,6 @@
-#include "app/BackgroundServices.h"
+#include "app/background/BackgroundServices.h"
 
-#include "app/AppState.h"
+#include "app/state/AppState.h"
 
 #include <chrono>
 

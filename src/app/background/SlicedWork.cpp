@@ -1,4 +1,4 @@
-#include "app/SlicedWork.h"
+#include "app/background/SlicedWork.h"
 
 #include <chrono>
 #include <utility>
