@@ -4,6 +4,7 @@
 #include "core/TextFold.h"
 #include "platform/HomeFolder.h"
 #include "views/base/LocaleFold.h"
+#include "app/state/AppServices.h"
 
 #include <QCoreApplication>
 

@@ -26,6 +26,8 @@
 #include "tables/SystemTables.h"
 #include "views/window/MainWindow.h"
 #include "views/window/WindowPanels.h"
+#include "app/background/StageClock.h"
+#include "app/background/BackgroundServices.h"
 
 #include <memory>
 #include <optional>

@@ -89,7 +89,7 @@ TEST(AppState, automaticScanWithoutAccessRaisesTheSheetInstead) {
 
 TEST(AppState, unknownSectionIsIgnored) {
     TestApp app;
-    QSignalSpy changed(&app.state(), &NavigationState::sectionChanged);
+    QSignalSpy changed(app.state().navigation(), &NavigationState::sectionChanged);
     app.state().navigation()->setSectionRaw("junk");
     app.state().navigation()->setSectionRaw("rubbish");
     EXPECT_EQ(app.state().navigation()->section(), AppSection::junk);
@@ -98,8 +98,8 @@ TEST(AppState, unknownSectionIsIgnored) {
 
 TEST(AppState, changedPreferencesAreStoredAndPublished) {
     TestApp app;
-    QSignalSpy excluded(&app.state(), &PreferencesState::excludedRawChanged);
-    QSignalSpy permanent(&app.state(), &PreferencesState::permanentDeleteChanged);
+    QSignalSpy excluded(app.state().preferences(), &PreferencesState::excludedRawChanged);
+    QSignalSpy permanent(app.state().preferences(), &PreferencesState::permanentDeleteChanged);
     app.state().preferences()->setExcludedRaw("/Users/sam/Big");
     app.state().preferences()->setPermanentDelete(true);
     EXPECT_EQ(app.preferences.values["excludedPaths"], PreferenceValue(std::string("/Users/sam/Big")));
@@ -126,7 +126,7 @@ TEST(AppState, excludedFoldersAreKeptWithoutTheVolumesPrefix) {
 
 TEST(AppState, removingNothingChangesNothing) {
     TestApp app;
-    QSignalSpy revision(&app.state(), &ScanState::revisionChanged);
+    QSignalSpy revision(app.state().scan(), &ScanState::revisionChanged);
     ASSERT_TRUE(test::removeDeleted(app.state(), {}));
     EXPECT_EQ(app.state().scan()->revision(), 0);
     EXPECT_EQ(revision.count(), 0);
@@ -143,7 +143,7 @@ TEST(AppState, removedPathsLeaveTheTreeAndItsTotals) {
     ASSERT_TRUE(test::eventually([&] { return app.state().scan()->hasScan(); }));
     const std::int64_t before = app.state().scan()->scan()->root->size;
 
-    QSignalSpy scanChanged(&app.state(), &ScanState::scanChanged);
+    QSignalSpy scanChanged(app.state().scan(), &ScanState::scanChanged);
     ASSERT_TRUE(test::removeDeleted(app.state(), {"/Users/sam/Movies/film.mov"}));
     EXPECT_TRUE(film->deleted);
     EXPECT_EQ(app.state().scan()->scan()->root->size, before - 4'000'000);

@@ -9,6 +9,7 @@
 #include "app/state/NavigationState.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/ScanState.h"
+#include "platform/SystemOpener.h"
 
 namespace brimlet {
 

@@ -1,6 +1,7 @@
 #include "views/explorer/FolderModel.h"
 #include "app/state/NavigationState.h"
 #include "app/state/ScanState.h"
+#include "platform/SystemOpener.h"
 
 #include <algorithm>
 #include <utility>

@@ -4,6 +4,7 @@
 #include "core/Localized.h"
 #include "views/files/CsvExport.h"
 #include "app/state/ScanState.h"
+#include "platform/Panels.h"
 
 namespace brimlet {
 

@@ -4,7 +4,6 @@
 #include "core/Paths.h"
 #include "platform/HomeFolder.h"
 #include "views/nodes/NodeLook.h"
-#include "app/state/NavigationState.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +58,7 @@ bool isIndexOf(const Options& options, int index) {
 
 } // namespace
 
-void FilterEditor::setShared(AppState* shared) {
+void FilterEditor::setShared(NavigationState* shared) {
     if (m_shared == shared)
         return;
     if (m_shared)

@@ -2,7 +2,7 @@
 // Main thread.
 #pragma once
 
-#include "app/state/AppState.h"
+#include "app/state/NavigationState.h"
 
 #include <QObject>
 #include <QPointer>
@@ -15,7 +15,7 @@ class FilterEditor : public QObject {
     Q_OBJECT
     QML_ELEMENT
 
-    Q_PROPERTY(brimlet::AppState* shared READ shared WRITE setShared NOTIFY sharedChanged)
+    Q_PROPERTY(brimlet::NavigationState* shared READ shared WRITE setShared NOTIFY sharedChanged)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
     Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY changed) ///< -1: none of the options
     Q_PROPERTY(int ageIndex READ ageIndex WRITE setAgeIndex NOTIFY changed)    ///< -1: none of the options
@@ -32,8 +32,8 @@ public:
         : QObject(parent) {}
 
     /// Whose `largeFilter` is edited; null for a filter of its own.
-    AppState* shared() const { return m_shared; }
-    void setShared(AppState* shared);
+    NavigationState* shared() const { return m_shared; }
+    void setShared(NavigationState* shared);
 
     const FileFilter& value() const { return m_shared ? m_shared->largeFilter() : m_own; }
     void setValue(FileFilter filter);
@@ -67,7 +67,7 @@ private:
         setValue(std::move(filter));
     }
 
-    QPointer<AppState> m_shared;
+    QPointer<NavigationState> m_shared;
     FileFilter m_own;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/base/AppStateListModel.h"
+#include "core/FileKind.h"
 
 #include <vector>
 

@@ -10,7 +10,7 @@ FocusScope {
     FilterEditor {
         id: filterEditor
 
-        shared: App
+        shared: App.navigation
     }
     FileListModel {
         id: files

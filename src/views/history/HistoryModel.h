@@ -3,6 +3,7 @@
 #pragma once
 
 #include "views/base/AppStateListModel.h"
+#include "app/state/RemovalState.h"
 
 #include <set>
 #include <vector>

@@ -6,6 +6,8 @@
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
 #include "app/state/JunkState.h"
+#include "platform/SystemOpener.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <map>
@@ -19,8 +21,8 @@ void JunkModel::watch(AppState& state) {
 
 void JunkModel::read() {
     m_totals.clear();
-    m_selection.adopt(junk());
-    for (const JunkFinding& finding : junk())
+    m_selection.adopt(findings());
+    for (const JunkFinding& finding : findings())
         m_totals.push_back(finding.total());
     std::vector<Row> now = rowsOfJunk();
     pointAtJunk(now);
@@ -33,14 +35,14 @@ std::vector<JunkModel::Row> JunkModel::rowsOfJunk() const {
     std::vector<Row> rows;
     for (const JunkGroup group : state()->system().junk.groups) {
         bool first = true;
-        for (std::size_t i = 0; i < junk().size(); ++i) {
-            const JunkRule& rule = junk()[i].rule;
+        for (std::size_t i = 0; i < findings().size(); ++i) {
+            const JunkRule& rule = findings()[i].rule;
             if (rule.group != group)
                 continue;
             if (std::exchange(first, false))
                 rows.push_back({Kind::group, i, 0, std::string(look(group).title)});
             rows.push_back({Kind::rule, i, 0, std::string(rule.id)});
-            if (isExpanded(junk()[i])) {
+            if (isExpanded(findings()[i])) {
                 const std::vector<Row> opened = openedRows(i);
                 rows.insert(rows.end(), opened.begin(), opened.end());
             }
@@ -50,7 +52,7 @@ std::vector<JunkModel::Row> JunkModel::rowsOfJunk() const {
 }
 
 std::vector<JunkModel::Row> JunkModel::openedRows(std::size_t finding) const {
-    const JunkFinding& opened = junk()[finding];
+    const JunkFinding& opened = findings()[finding];
     std::vector<Row> rows;
     for (std::size_t i = 0; i < std::min(opened.items.size(), listedItems); ++i)
         rows.push_back({Kind::item, finding, i, opened.items[i].path});
@@ -144,7 +146,7 @@ void JunkModel::clean() {
     if (!state())
         return;
     std::vector<ChosenJunk> chosen;
-    for (const JunkFinding& finding : junk()) {
+    for (const JunkFinding& finding : findings()) {
         for (const JunkItem& item : finding.items) {
             if (m_selection.contains(item))
                 chosen.push_back({item, finding.rule.removal});

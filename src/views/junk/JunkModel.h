@@ -83,9 +83,9 @@ private:
     static constexpr std::size_t gone = static_cast<std::size_t>(-1);
     using RowKey = std::pair<Kind, std::string>;
 
-    const std::vector<JunkFinding>& junk() const { return state()->junk()->findings(); }
+    const std::vector<JunkFinding>& findings() const { return state()->junk()->findings(); }
     const Row* rowAt(int row) const;
-    const JunkFinding& findingOf(const Row& row) const { return junk()[row.finding]; }
+    const JunkFinding& findingOf(const Row& row) const { return findings()[row.finding]; }
     const JunkItem& itemOf(const Row& row) const { return findingOf(row).items[row.item]; }
     bool isExpanded(const JunkFinding& finding) const { return m_expanded.contains(finding.rule.id); }
 

@@ -4,6 +4,7 @@
 
 #include "views/base/AppStateLink.h"
 #include "views/map/SunburstRaster.h"
+#include "core/ScanResult.h"
 
 #include <optional>
 #include <QQuickItem>

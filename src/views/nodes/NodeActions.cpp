@@ -7,6 +7,7 @@
 #include "app/state/PreferencesState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "platform/SystemOpener.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -6,6 +6,7 @@
 #include "core/TextFold.h"
 #include "views/nodes/NodeLook.h"
 #include "app/state/ScanState.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <QColor>

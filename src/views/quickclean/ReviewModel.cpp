@@ -3,6 +3,7 @@
 #include "app/Texts.h"
 #include "junk/JunkCatalogue.h"
 #include "app/state/JunkState.h"
+#include "tables/SystemTables.h"
 
 namespace brimlet {
 

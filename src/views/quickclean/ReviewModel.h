@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/base/AppStateListModel.h"
+#include "junk/JunkFinder.h"
 
 #include <QVariantList>
 #include <vector>

@@ -6,6 +6,7 @@
 #include "app/state/NavigationState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/ScanState.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <QLocale>

@@ -7,6 +7,7 @@
 
 #include "views/base/AppStateListModel.h"
 #include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
 
 #include <cstddef>
 

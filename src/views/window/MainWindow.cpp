@@ -7,6 +7,8 @@
 #include "views/icons/IconProvider.h"
 #include "views/map/SunburstAccessible.h"
 #include "views/window/WindowPanels.h"
+#include "tables/SystemTables.h"
+#include "app/background/BackgroundServices.h"
 
 #include <QAccessible>
 #include <QDirIterator>

@@ -199,7 +199,7 @@ TEST_F(NodeModels, tilesAreLargestFirstAndTheNoteCountsWhatIsNotListed) {
 
 TEST_F(NodeModels, theBarShowsWhatOthersSetAndSaysWhatItEdits) {
     FilterEditor filter;
-    filter.setShared(&state());
+    filter.setShared(state().navigation());
     FileFilter old;
     old.minSize = 500'000'000;
     old.modifiedOlderThanDays = 180;

@@ -131,7 +131,7 @@ TEST(Watchdog, scanOfThreeHundredThousandFilesLeavesTheMainThreadFree) {
     const double noise = timed.longest().wall;
 
     timed.forget();
-    QSignalSpy progress(&window.state(), &ScanState::progressChanged);
+    QSignalSpy progress(window.state().scan(), &ScanState::progressChanged);
     for (int scan = 1; scan <= 3; ++scan) {
         window.state().scan()->startScan(ScanTarget::folder(tree.root()));
         ASSERT_TRUE(test::eventually([&] { return !window.state().scan()->isScanning(); }));
