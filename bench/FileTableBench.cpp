@@ -1,12 +1,12 @@
 // The table of all files with 500,000 rows: how long until a keystroke's, a sort's or a selection's result is
 // on screen, and the longest stretch of the main thread that it takes. Run as: file-table-bench
+#include "app/state/ScanState.h"
 #include "core/TextFold.h"
 #include "support/SyntheticTree.h"
 #include "support/TestApp.h"
 #include "support/Timing.h"
 #include "views/base/LocaleFold.h"
 #include "views/files/FileListModel.h"
-#include "app/state/ScanState.h"
 
 #include <cstdio>
 #include <functional>

@@ -1,15 +1,15 @@
 // How long a frame takes while a long list scrolls by most of a page: from the change to the rendered
 // picture. The real window over made-up data, drawn by the software renderer. Run as: scroll-bench
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 #include "support/MadeUpJunk.h"
 #include "support/SyntheticTree.h"
 #include "support/TestWindow.h"
 #include "support/Timing.h"
 #include "tables/SystemTables.h"
 #include "views/junk/JunkModel.h"
-#include "app/state/JunkState.h"
-#include "app/state/NavigationState.h"
-#include "app/state/RemovalState.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cstdio>

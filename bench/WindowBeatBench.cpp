@@ -2,12 +2,12 @@
 // the next, waiting for a core included, beside the time that the walk takes. The real window, drawn by the
 // software renderer, with walking threads of several priorities in turn; all but "as built" need root.
 // Run as: window-beat-bench FOLDER [RUNS]
+#include "app/state/JunkState.h"
+#include "app/state/ScanState.h"
 #include "core/walk/MeasureTree.h"
 #include "support/BeatRecorder.h"
 #include "support/TestWindow.h"
 #include "support/Timing.h"
-#include "app/state/JunkState.h"
-#include "app/state/ScanState.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,10 +1,10 @@
 #include "shell/BrimletApp.h"
 
+#include "app/state/AppServices.h"
 #include "app/Translation.h"
 #include "core/TextFold.h"
 #include "platform/HomeFolder.h"
 #include "views/base/LocaleFold.h"
-#include "app/state/AppServices.h"
 
 #include <QCoreApplication>
 

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "app/Appearance.h"
+#include "app/background/BackgroundServices.h"
+#include "app/background/StageClock.h"
 #include "app/state/AppState.h"
 #include "app/UpdateController.h"
 #include "junk/JunkFinder.h"
@@ -26,8 +28,6 @@
 #include "tables/SystemTables.h"
 #include "views/window/MainWindow.h"
 #include "views/window/WindowPanels.h"
-#include "app/background/StageClock.h"
-#include "app/background/BackgroundServices.h"
 
 #include <memory>
 #include <optional>

@@ -1,11 +1,11 @@
-#include "support/CatalogueRule.h"
-#include "support/MadeUpJunk.h"
-#include "support/TestApp.h"
-#include "tables/SystemTables.h"
 #include "app/state/JunkState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
+#include "support/CatalogueRule.h"
+#include "support/MadeUpJunk.h"
+#include "support/TestApp.h"
+#include "tables/SystemTables.h"
 
 #include <deque>
 #include <future>
@@ -173,7 +173,8 @@ TEST_F(AppStateJunk, searchesNeverPileUpAndOnlyTheLastIsPublished) {
     ASSERT_TRUE(eventually([&] { return searches.started() == 1; }));
     searches.finish(0, {});
     ASSERT_TRUE(eventually([&] { return searches.started() == 2; }));
-    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::scanning) << "what was asked for last is not there yet";
+    EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::scanning)
+        << "what was asked for last is not there yet";
     find(1, mixedJunk());
     EXPECT_EQ(state.quickClean()->smartPhase(), SmartPhase::review);
     EXPECT_EQ(state.junk()->findings().size(), 2U);

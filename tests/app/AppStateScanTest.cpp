@@ -1,12 +1,12 @@
 // Starting, stopping and replacing scans.
-#include "support/SyntheticTree.h"
-#include "support/TemporaryTree.h"
-#include "support/TestApp.h"
 #include "app/state/AccessState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/ScanState.h"
+#include "support/SyntheticTree.h"
+#include "support/TemporaryTree.h"
+#include "support/TestApp.h"
 
 #include <algorithm>
 #include <atomic>
@@ -188,7 +188,8 @@ TEST(AppStateScan, placesThatCannotBeScannedEndInAClearState) {
         EXPECT_TRUE(eventually([&] { return !app.state().scan()->isScanning(); })) << place;
         EXPECT_FALSE(app.state().scan()->hasScan()) << place;
         ASSERT_TRUE(app.state().notice()->toast().has_value()) << place;
-        EXPECT_THAT(app.state().notice()->toast()->message, testing::HasSubstr("“Home folder” couldn’t be scanned."));
+        EXPECT_THAT(app.state().notice()->toast()->message,
+                    testing::HasSubstr("“Home folder” couldn’t be scanned."));
     }
 }
 

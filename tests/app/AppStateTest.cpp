@@ -1,12 +1,12 @@
 // Creation and navigation of the central state.
-#include "support/SyntheticTree.h"
-#include "support/TestApp.h"
 #include "app/state/AccessState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "support/SyntheticTree.h"
+#include "support/TestApp.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,14 +2,14 @@
 #include "app/background/SearchedList.h"
 #include "app/background/TreeUpdates.h"
 #include "app/background/WorkGate.h"
+#include "app/state/JunkState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 #include "support/HeldWork.h"
 #include "support/MadeUpJunk.h"
 #include "support/SyntheticTree.h"
 #include "support/TestApp.h"
 #include "support/Timing.h"
-#include "app/state/JunkState.h"
-#include "app/state/RemovalState.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <atomic>
@@ -148,7 +148,8 @@ TEST(Proposals, draftOfNothingOrWithoutItemsLeavesNoSheet) {
     AppState& state = app.state();
     state.removal()->proposePlan(std::vector<PlanItem>(), "Nothing");
     EXPECT_FALSE(state.removal()->hasPlan());
-    state.removal()->proposePlan({"Gone meanwhile", 3, 0, [](const auto&) { return std::vector<PlanItem>(); }});
+    state.removal()->proposePlan(
+        {"Gone meanwhile", 3, 0, [](const auto&) { return std::vector<PlanItem>(); }});
     EXPECT_TRUE(state.removal()->hasPlan());
     EXPECT_TRUE(eventually([&] { return !state.removal()->hasPlan(); }));
 }

@@ -1,11 +1,11 @@
 #include "support/FilledWindow.h"
-#include "tables/SystemTables.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "tables/SystemTables.h"
 
 namespace brimlet::test {
 

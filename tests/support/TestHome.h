@@ -3,6 +3,9 @@
 // say.
 #pragma once
 
+#include "app/state/JunkState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/QuickCleanState.h"
 #include "core/ByteFormat.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "safety/DeletionExecutor.h"
@@ -11,9 +14,6 @@
 #include "support/TestWindow.h"
 #include "support/TreeSnapshot.h"
 #include "tables/SystemTables.h"
-#include "app/state/JunkState.h"
-#include "app/state/NoticeState.h"
-#include "app/state/QuickCleanState.h"
 
 #include <ctime>
 #include <map>
@@ -79,11 +79,14 @@ public:
     bool clean() { return driver().click(cleanButton(), QAccessible::Button) && reachReport(); }
     bool reachReport() {
         return eventually([&] { return state().notice()->toast().has_value(); }) &&
-               (app.clock.advance(std::chrono::seconds(2)), true) &&
-               eventually([&] { return state().quickClean()->smartPhase() == SmartPhase::done && !state().junk()->isLoading(); });
+               (app.clock.advance(std::chrono::seconds(2)), true) && eventually([&] {
+                   return state().quickClean()->smartPhase() == SmartPhase::done &&
+                          !state().junk()->isLoading();
+               });
     }
     QString cleanButton() {
-        return QStringLiteral("Clean ") + QString::fromStdString(formatBytes(state().quickClean()->smartSelectedSize()));
+        return QStringLiteral("Clean ") +
+               QString::fromStdString(formatBytes(state().quickClean()->smartSelectedSize()));
     }
 
     TestApp app;

@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
-#include <utility>
 #include <QQuickItem>
 #include <QTest>
 #include <QtQuickTest/quicktest.h>
+#include <utility>
 
 namespace brimlet::test {
 
@@ -205,21 +205,22 @@ bool WindowDriver::awaitGone(const QString& name) {
     return eventually([&] { return !shows(name); });
 }
 
-/// A layout that is about to change, or a sheet that still grows, moves what a click aims at.
-void WindowDriver::awaitRest(const QString& name, QAccessible::Role role) {
+QQuickItem* WindowDriver::awaitRest(const QString& name, QAccessible::Role role) {
+    if (await(name, role) == nullptr)
+        return nullptr;
+    // A layout that is about to change, or a sheet that still grows, moves it.
     QRectF last;
     eventually([&] {
         const QQuickItem* item = find(name, role);
         const QRectF now = item != nullptr ? sceneRect(item) : QRectF();
-        return !QQuickTest::qIsPolishScheduled(&m_window) && std::exchange(last, now) == now;
+        return !QQuickTest::qIsPolishScheduled(&m_window) && std::exchange(last, now) == now &&
+               !now.isEmpty();
     });
+    return find(name, role);
 }
 
 bool WindowDriver::click(const QString& name, QAccessible::Role role) {
-    if (await(name, role) == nullptr)
-        return false;
-    awaitRest(name, role);
-    const QQuickItem* item = find(name, role);
+    const QQuickItem* item = awaitRest(name, role);
     if (item == nullptr)
         return false;
     QTest::mouseClick(&m_window, Qt::LeftButton, {}, sceneRect(item).center().toPoint());

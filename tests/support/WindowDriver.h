@@ -22,6 +22,9 @@ public:
     /// Waits until it is there. Adds a test failure and returns null where it doesn't come.
     QQuickItem* await(const QString& name, QAccessible::Role role = QAccessible::NoRole);
 
+    /// As `await`, and until it keeps its place.
+    QQuickItem* awaitRest(const QString& name, QAccessible::Role role = QAccessible::NoRole);
+
     bool shows(const QString& name) const { return find(name) != nullptr; }
 
     /// Waits until nothing of this name is visible.
@@ -45,8 +48,6 @@ public:
     QList<QQuickItem*> visibleItems() const;
 
 private:
-    void awaitRest(const QString& name, QAccessible::Role role);
-
     QQuickWindow& m_window;
 };
 

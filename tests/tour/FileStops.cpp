@@ -1,10 +1,10 @@
 // The stops at the screens of files and folders.
 #include "app/state/AppSection.h"
+#include "app/state/NavigationState.h"
+#include "app/state/ScanState.h"
 #include "support/TestApp.h"
 #include "support/WindowDriver.h"
 #include "tour/Tour.h"
-#include "app/state/NavigationState.h"
-#include "app/state/ScanState.h"
 
 #include <cmath>
 #include <QQuickItem>
@@ -78,12 +78,13 @@ void addExplorer(std::vector<Stop>& list) {
                         click(QStringLiteral("Map"))(app);
                     }});
     list.push_back({"explorer-map-hovered", pointAtMap(2.5, 0.1)});
-    list.push_back({"explorer-folder", [](BrimletApp& app) {
-                        click(QStringLiteral("List"))(app);
-                        FileNode* downloads =
-                            app.state().scan()->scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
-                        app.state().navigation()->setExplorerStack({app.state().scan()->scan()->root, downloads});
-                    }});
+    list.push_back(
+        {"explorer-folder", [](BrimletApp& app) {
+             click(QStringLiteral("List"))(app);
+             FileNode* downloads =
+                 app.state().scan()->scan()->nodeAtPath(app.state().homeFolder() + "/Downloads");
+             app.state().navigation()->setExplorerStack({app.state().scan()->scan()->root, downloads});
+         }});
 }
 
 } // namespace

@@ -1,14 +1,14 @@
 // Where the tour stops. A new screen, or a new state of one, is a few lines here.
-#include "app/state/AppSection.h"
-#include "support/WindowDriver.h"
-#include "tour/Tour.h"
 #include "app/state/AccessState.h"
+#include "app/state/AppSection.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "support/WindowDriver.h"
+#include "tour/Tour.h"
 
 #include <QQuickWindow>
 #include <QTest>
@@ -19,7 +19,8 @@ namespace {
 
 Stop section(AppSection section) {
     const std::string raw(look(section).rawValue);
-    return {QString::fromStdString(raw), [section](BrimletApp& app) { app.state().navigation()->setSection(section); }};
+    return {QString::fromStdString(raw),
+            [section](BrimletApp& app) { app.state().navigation()->setSection(section); }};
 }
 
 /// The whole machine takes long enough to be watched.
@@ -63,7 +64,8 @@ void cleanInstallers(BrimletApp& app) {
     PlanItem gone = plan.items.front();
     gone.path += ".moved";
     plan.items.push_back(gone);
-    app.state().removal()->executePlan(std::make_shared<const DeletionPlan>(std::move(plan)), ReviewItems::include);
+    app.state().removal()->executePlan(std::make_shared<const DeletionPlan>(std::move(plan)),
+                                       ReviewItems::include);
     waitUntil([&] { return app.state().notice()->toast().has_value(); });
 }
 
@@ -81,10 +83,13 @@ void press(BrimletApp& app, Qt::Key key, int times = 1) {
 
 std::vector<Stop> cleaningStops() {
     return {
-        {"quick-clean-idle", [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::smartClean); }},
+        {"quick-clean-idle",
+         [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::smartClean); }},
         {"quick-clean-scanning", quickScan},
         {"quick-clean-review",
-         [](BrimletApp& app) { waitUntil([&] { return app.state().quickClean()->smartPhase() == SmartPhase::review; }); }},
+         [](BrimletApp& app) {
+             waitUntil([&] { return app.state().quickClean()->smartPhase() == SmartPhase::review; });
+         }},
         {"junk",
          [](BrimletApp& app) {
              app.state().navigation()->setSection(AppSection::junk);
@@ -108,7 +113,9 @@ std::vector<Stop> cleaningStops() {
              app.state().quickClean()->startSmartClean();
          }},
         {"quick-clean-done",
-         [](BrimletApp& app) { waitUntil([&] { return app.state().quickClean()->smartPhase() == SmartPhase::done; }); }},
+         [](BrimletApp& app) {
+             waitUntil([&] { return app.state().quickClean()->smartPhase() == SmartPhase::done; });
+         }},
         {"history", [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::history); }},
     };
 }
@@ -137,7 +144,8 @@ std::vector<Stop> mirroredStops() {
              app.state().navigation()->setSection(AppSection::junk);
          }},
         {"mirrored-large", [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::large); }},
-        {"mirrored-explorer", [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::explorer); }},
+        {"mirrored-explorer",
+         [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::explorer); }},
     };
 }
 
@@ -145,7 +153,8 @@ std::vector<Stop> mirroredStops() {
 
 std::vector<Stop> stops() {
     std::vector<Stop> list = {
-        {"before-a-scan", [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::overview); }},
+        {"before-a-scan",
+         [](BrimletApp& app) { app.state().navigation()->setSection(AppSection::overview); }},
         {"access-sheet", [](BrimletApp& app) { app.state().scan()->startScan(ScanTarget::home()); }},
         {"scanning", watchScan},
         {"scanned", scanHome},

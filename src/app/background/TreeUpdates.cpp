@@ -13,11 +13,13 @@ constexpr std::size_t pieceSize = 1'000;
 
 } // namespace
 
-void TreeUpdates::markDeleted(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then) {
+void TreeUpdates::markDeleted(std::shared_ptr<ScanResult> scan, SharedPaths paths,
+                              std::function<void()> then) {
     add({&ScanResult::markNodesDeleted, std::move(scan), std::move(paths), std::move(then)});
 }
 
-void TreeUpdates::markRestored(std::shared_ptr<ScanResult> scan, SharedPaths paths, std::function<void()> then) {
+void TreeUpdates::markRestored(std::shared_ptr<ScanResult> scan, SharedPaths paths,
+                               std::function<void()> then) {
     add({&ScanResult::markNodesRestored, std::move(scan), std::move(paths), std::move(then)});
 }
 

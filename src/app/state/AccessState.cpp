@@ -8,8 +8,8 @@ AccessState::AccessState(const AppServices& services)
     : m_probe(services.accessProbe)
     , m_opener(services.opener)
     , m_preferences(services.preferences)
-    , m_hasFullDiskAccess(m_probe.hasFullDiskAccess())
-    , m_accessOnboardingSkipped(m_preferences.accessOnboardingSkipped()) {}
+    , m_accessOnboardingSkipped(m_preferences.accessOnboardingSkipped())
+    , m_hasFullDiskAccess(m_probe.hasFullDiskAccess()) {}
 
 bool AccessState::onboardsFirst() {
     if (m_accessOnboardingSkipped || m_probe.hasFullDiskAccess())

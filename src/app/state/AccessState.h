@@ -44,9 +44,9 @@ private:
     const AccessProbe& m_probe;
     SystemOpener& m_opener;
     Preferences m_preferences;
+    bool m_accessOnboardingSkipped = false;
     bool m_hasFullDiskAccess = false;
     bool m_showAccessOnboarding = false;
-    bool m_accessOnboardingSkipped = false;
 };
 
 } // namespace brimlet

@@ -26,25 +26,27 @@ AppSection initialSection(PreferencesState& preferences) {
 
 } // namespace
 
-/// In the order of start-up; the last goes first, as what runs hands back to those above it.
+/// In the order in which they read what is stored. The last goes first, as what runs hands back to those
+/// above.
 struct AppState::Parts {
     explicit Parts(AppServices asked)
         : services(std::move(asked)) {
         updates.add(junk);
         updates.add(scan);
+        connect(&access, &AccessState::scanWanted, &scan, [this] { scan.startScan(); });
     }
 
     AppServices services;
     PathUpdates updates;
     NoticeState notice;
-    PreferencesState preferences{services.preferences, notice};
-    AccessState access{services};
     ScanState scan{services, work, access, preferences, notice};
+    PreferencesState preferences{services.preferences, notice};
+    BackgroundServices background{services.volumes, services.preferences};
+    AccessState access{services};
     NavigationState navigation{initialSection(preferences), scan};
     RemovalState removal{services, work, updates, preferences, notice};
     JunkState junk{services, work, removal};
     QuickCleanState quickClean{services, junk, removal};
-    BackgroundServices background{services.volumes, services.preferences};
     BackgroundWork work;
 };
 

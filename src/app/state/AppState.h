@@ -1,8 +1,8 @@
 // The one central object of the application: every screen reads it, every action of the user goes through it.
 //
-// It owns parts, one for each concern, and keeps what crosses them: the order of their creation, the update of
-// all lists after a removal, and the end. Who watches a part includes its header; this one names them only.
-// Main thread.
+// It owns parts, one for each concern, and keeps what crosses them: the order of their creation, the update
+// of all lists after a removal, and the end. Who watches a part includes its header; this one names them
+// only. Main thread.
 #pragma once
 
 #include "app/background/PathUpdates.h"

@@ -1,8 +1,8 @@
 // The junk that was found, and its search. Main thread.
 #pragma once
 
-#include "app/background/SearchedList.h"
 #include "app/background/PathUpdates.h"
+#include "app/background/SearchedList.h"
 #include "app/state/StatePart.h"
 #include "junk/JunkFinder.h"
 #include "junk/JunkPlan.h"
@@ -26,7 +26,9 @@ public:
     /// Everything outlives this object, but `work`, which goes first.
     JunkState(const AppServices& services, BackgroundWork& work, RemovalState& removal);
 
-    const std::vector<JunkFinding>& findings() const { return m_findings; } ///< one may have lost all its items
+    const std::vector<JunkFinding>& findings() const {
+        return m_findings;
+    } ///< one may have lost all its items
     bool isLoading() const { return m_search.isLoading(); }
 
     /// Searches in the background and publishes what is found, as SearchedList tells.

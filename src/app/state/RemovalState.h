@@ -2,9 +2,9 @@
 // Main thread.
 #pragma once
 
+#include "app/background/PathUpdates.h"
 #include "app/background/PlanProposals.h"
 #include "app/background/Removals.h"
-#include "app/background/PathUpdates.h"
 #include "app/state/StatePart.h"
 #include "safety/DeletionPlanning.h"
 

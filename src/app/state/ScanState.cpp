@@ -20,9 +20,7 @@ ScanState::ScanState(const AppServices& services, BackgroundWork& work, AccessSt
     , m_access(access)
     , m_preferences(preferences)
     , m_notice(notice)
-    , m_volume(services.volumes.volumeInfo("/")) {
-    connect(&access, &AccessState::scanWanted, this, [this] { startScan(); });
-}
+    , m_volume(services.volumes.volumeInfo("/")) {}
 
 ScanState::~ScanState() {
     dropScanner();

@@ -4,8 +4,8 @@
 // Scanner's identity and changes nothing any more.
 #pragma once
 
-#include "app/background/TreeUpdates.h"
 #include "app/background/PathUpdates.h"
+#include "app/background/TreeUpdates.h"
 #include "app/state/StatePart.h"
 #include "core/ScanResult.h"
 #include "platform/Volumes.h"
@@ -39,7 +39,7 @@ class ScanState : public StatePart, public PathList {
     Q_PROPERTY(int revision READ revision NOTIFY revisionChanged)
 
 public:
-    /// Everything outlives this object, but `work`, which goes first.
+    /// Looks at the volume at once. All may be created later than this object, and is used by calls only.
     ScanState(const AppServices& services, BackgroundWork& work, AccessState& access,
               PreferencesState& preferences, NoticeState& notice);
     ~ScanState() override;

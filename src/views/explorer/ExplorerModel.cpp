@@ -1,15 +1,15 @@
 #include "views/explorer/ExplorerModel.h"
 
 #include "app/Formats.h"
-#include "app/Texts.h"
-#include "core/Paths.h"
-#include "views/components/Segment.h"
-#include "views/nodes/NodeLook.h"
-#include "views/nodes/NodePlans.h"
 #include "app/state/NavigationState.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/ScanState.h"
+#include "app/Texts.h"
+#include "core/Paths.h"
 #include "platform/SystemOpener.h"
+#include "views/components/Segment.h"
+#include "views/nodes/NodeLook.h"
+#include "views/nodes/NodePlans.h"
 
 namespace brimlet {
 
@@ -33,7 +33,9 @@ void ExplorerModel::read() {
 }
 
 FileNode* ExplorerModel::current() const {
-    return state() && !state()->navigation()->explorerStack().empty() ? state()->navigation()->explorerStack().back() : nullptr;
+    return state() && !state()->navigation()->explorerStack().empty()
+               ? state()->navigation()->explorerStack().back()
+               : nullptr;
 }
 
 QStringList ExplorerModel::crumbs() const {
@@ -83,7 +85,8 @@ void ExplorerModel::setShowsMap(bool map) {
 }
 
 void ExplorerModel::goTo(int crumb) {
-    if (isEmpty() || crumb < 0 || static_cast<std::size_t>(crumb) >= state()->navigation()->explorerStack().size())
+    if (isEmpty() || crumb < 0 ||
+        static_cast<std::size_t>(crumb) >= state()->navigation()->explorerStack().size())
         return;
     std::vector<FileNode*> stack = state()->navigation()->explorerStack();
     stack.resize(static_cast<std::size_t>(crumb) + 1);

@@ -1,8 +1,8 @@
 // Where the Explorer is and what it says about that folder. Main thread.
 #pragma once
 
-#include "views/base/AppStateReader.h"
 #include "app/state/NavigationState.h"
+#include "views/base/AppStateReader.h"
 
 #include <QVariantList>
 

@@ -1,10 +1,10 @@
 #include "views/files/FileListModel.h"
 
 #include "app/Formats.h"
-#include "core/Localized.h"
-#include "views/files/CsvExport.h"
 #include "app/state/ScanState.h"
+#include "core/Localized.h"
 #include "platform/Panels.h"
+#include "views/files/CsvExport.h"
 
 namespace brimlet {
 

@@ -1,8 +1,8 @@
 #include "views/files/KindTilesModel.h"
 
+#include "app/state/ScanState.h"
 #include "app/Texts.h"
 #include "views/nodes/NodeLook.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <QColor>

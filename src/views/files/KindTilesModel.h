@@ -1,8 +1,8 @@
 // The tiles of By File Type: every kind with its share of the scan, largest first. Main thread.
 #pragma once
 
-#include "views/base/AppStateListModel.h"
 #include "core/FileKind.h"
+#include "views/base/AppStateListModel.h"
 
 #include <vector>
 

@@ -1,8 +1,8 @@
 #include "views/history/FailureModel.h"
 
+#include "app/state/RemovalState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
-#include "app/state/RemovalState.h"
 
 namespace brimlet {
 

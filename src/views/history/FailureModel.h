@@ -1,8 +1,8 @@
 // What could not be deleted in the last run, row by row.
 #pragma once
 
-#include "views/base/AppStateListModel.h"
 #include "app/state/RemovalState.h"
+#include "views/base/AppStateListModel.h"
 
 namespace brimlet {
 

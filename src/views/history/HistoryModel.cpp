@@ -1,9 +1,9 @@
 #include "views/history/HistoryModel.h"
 
 #include "app/Formats.h"
+#include "app/state/RemovalState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
-#include "app/state/RemovalState.h"
 
 #include <algorithm>
 #include <memory>
@@ -25,7 +25,8 @@ QString dateAndTime(double secondsSince2001) {
 
 void HistoryModel::watch(AppState& state) {
     connect(state.removal(), &RemovalState::historyChanged, this, &HistoryModel::read);
-    connect(&state.removal()->removals(), &Removals::restorableChanged, this, [this] { rolesChanged({restorable}); });
+    connect(&state.removal()->removals(), &Removals::restorableChanged, this,
+            [this] { rolesChanged({restorable}); });
 }
 
 void HistoryModel::read() {
@@ -63,7 +64,8 @@ void HistoryModel::restoreSelected() {
             chosen.push_back(entry);
     }
     if (!chosen.empty())
-        state()->removal()->restoreEntries(std::make_shared<const std::vector<HistoryEntry>>(std::move(chosen)));
+        state()->removal()->restoreEntries(
+            std::make_shared<const std::vector<HistoryEntry>>(std::move(chosen)));
 }
 
 void HistoryModel::select(int row, SelectionMode mode) {

@@ -2,8 +2,8 @@
 // looked at in the background. Selected rows are known by their entry.
 #pragma once
 
-#include "views/base/AppStateListModel.h"
 #include "app/state/RemovalState.h"
+#include "views/base/AppStateListModel.h"
 
 #include <set>
 #include <vector>

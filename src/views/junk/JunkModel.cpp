@@ -1,11 +1,11 @@
 #include "views/junk/JunkModel.h"
 
 #include "app/Formats.h"
+#include "app/state/JunkState.h"
 #include "app/Texts.h"
 #include "core/FileKind.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
-#include "app/state/JunkState.h"
 #include "platform/SystemOpener.h"
 #include "tables/SystemTables.h"
 

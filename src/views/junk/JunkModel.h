@@ -4,9 +4,9 @@
 // chosen through its rule's box.
 #pragma once
 
+#include "app/state/JunkState.h"
 #include "junk/JunkSelection.h"
 #include "views/base/AppStateListModel.h"
-#include "app/state/JunkState.h"
 
 #include <set>
 #include <vector>

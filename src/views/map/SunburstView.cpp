@@ -1,11 +1,11 @@
 #include "views/map/SunburstView.h"
 
 #include "app/Formats.h"
+#include "app/state/NavigationState.h"
+#include "app/state/ScanState.h"
 #include "core/WholeNumber.h"
 #include "views/map/SunburstAccessible.h"
 #include "views/nodes/NodeLook.h"
-#include "app/state/NavigationState.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cmath>

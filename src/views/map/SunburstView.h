@@ -2,9 +2,9 @@
 // itself but what is hovered; where to go leaves through signals. Main thread.
 #pragma once
 
+#include "core/ScanResult.h"
 #include "views/base/AppStateLink.h"
 #include "views/map/SunburstRaster.h"
-#include "core/ScanResult.h"
 
 #include <optional>
 #include <QQuickItem>

@@ -1,13 +1,13 @@
 #include "views/nodes/NodeActions.h"
 
-#include "app/Texts.h"
-#include "core/Paths.h"
-#include "views/nodes/NodeLook.h"
 #include "app/state/NavigationState.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "app/Texts.h"
+#include "core/Paths.h"
 #include "platform/SystemOpener.h"
+#include "views/nodes/NodeLook.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

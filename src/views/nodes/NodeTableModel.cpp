@@ -1,12 +1,12 @@
 #include "views/nodes/NodeTableModel.h"
 
 #include "app/Formats.h"
+#include "app/state/ScanState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
 #include "core/TextFold.h"
-#include "views/nodes/NodeLook.h"
-#include "app/state/ScanState.h"
 #include "tables/SystemTables.h"
+#include "views/nodes/NodeLook.h"
 
 #include <algorithm>
 #include <QColor>

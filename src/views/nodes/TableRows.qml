@@ -64,6 +64,7 @@ FocusScope {
 
     // Once the row is in sight, and says what it shows now.
     onActiveFocusChanged: Qt.callLater(tellRow) // qmllint disable
+    onCurrentItemChanged: Qt.callLater(tellRow) // qmllint disable
     onCurrentRowChanged: Qt.callLater(tellRow) // qmllint disable
 
     RowWindow {

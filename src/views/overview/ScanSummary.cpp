@@ -1,8 +1,8 @@
 #include "views/overview/ScanSummary.h"
 
+#include "app/state/ScanState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 

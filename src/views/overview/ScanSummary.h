@@ -1,9 +1,9 @@
 // The first figures of the finished scan, for the Overview.
 #pragma once
 
+#include "app/state/ScanState.h"
 #include "views/base/AppStateReader.h"
 #include "views/components/Segment.h"
-#include "app/state/ScanState.h"
 
 #include <QVariantList>
 

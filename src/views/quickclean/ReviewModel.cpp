@@ -1,8 +1,8 @@
 #include "views/quickclean/ReviewModel.h"
 
+#include "app/state/JunkState.h"
 #include "app/Texts.h"
 #include "junk/JunkCatalogue.h"
-#include "app/state/JunkState.h"
 #include "tables/SystemTables.h"
 
 namespace brimlet {

@@ -1,8 +1,8 @@
 // The review of Quick Clean: one row for each heading that has findings, with the rules found under it.
 #pragma once
 
-#include "views/base/AppStateListModel.h"
 #include "junk/JunkFinder.h"
+#include "views/base/AppStateListModel.h"
 
 #include <QVariantList>
 #include <vector>

@@ -1,11 +1,11 @@
 #include "views/quickclean/SmartCleanModel.h"
 
 #include "app/Formats.h"
-#include "app/Texts.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/ScanState.h"
+#include "app/Texts.h"
 #include "tables/SystemTables.h"
 
 #include <algorithm>
@@ -37,7 +37,8 @@ void SmartCleanModel::watch(AppState& state) {
     connect(state.quickClean(), &QuickCleanState::smartPhaseChanged, this, &SmartCleanModel::phaseChanged);
     connect(state.scan(), &ScanState::volumeChanged, this, &SmartCleanModel::volumeChanged);
     connect(state.scan(), &ScanState::volumeChanged, this, &SmartCleanModel::reportChanged);
-    connect(state.quickClean(), &QuickCleanState::smartSelectionChanged, this, &SmartCleanModel::selectionChanged);
+    connect(state.quickClean(), &QuickCleanState::smartSelectionChanged, this,
+            &SmartCleanModel::selectionChanged);
     connect(state.junk(), &JunkState::findingsChanged, this, &SmartCleanModel::selectionChanged);
     connect(state.quickClean(), &QuickCleanState::lastReportChanged, this, &SmartCleanModel::reportChanged);
 }

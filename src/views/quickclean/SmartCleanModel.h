@@ -1,9 +1,9 @@
 // What the stages of Quick Clean say: steps, figures, ticks, and the report's lines.
 #pragma once
 
-#include "views/base/AppStateReader.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/ScanState.h"
+#include "views/base/AppStateReader.h"
 
 #include <QList>
 #include <QString>

@@ -1,11 +1,11 @@
 #include "views/removal/PlanModel.h"
 
 #include "app/Formats.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
 #include "app/Texts.h"
 #include "core/FileKind.h"
 #include "core/Paths.h"
-#include "app/state/PreferencesState.h"
-#include "app/state/RemovalState.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -14,7 +14,8 @@ namespace brimlet {
 
 void PlanModel::watch(AppState& state) {
     connect(state.removal(), &RemovalState::planChanged, this, &PlanModel::read);
-    connect(state.preferences(), &PreferencesState::permanentDeleteChanged, this, &PlanModel::explanationChanged);
+    connect(state.preferences(), &PreferencesState::permanentDeleteChanged, this,
+            &PlanModel::explanationChanged);
 }
 
 void PlanModel::read() {
@@ -106,7 +107,7 @@ void PlanModel::cancel() {
 void PlanModel::confirm() {
     if (state() && state()->removal()->plan() && canDelete())
         state()->removal()->executePlan({m_proposal.judged, &m_proposal.judged->plan},
-                             m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
+                                        m_acceptedReview ? ReviewItems::include : ReviewItems::leaveOut);
 }
 
 int PlanModel::rowCount(const QModelIndex& parent) const {

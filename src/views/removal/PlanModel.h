@@ -5,9 +5,9 @@
 // nothing for a single row, so that half a million open at once.
 #pragma once
 
-#include "views/base/AppStateListModel.h"
 #include "app/state/PreferencesState.h"
 #include "app/state/RemovalState.h"
+#include "views/base/AppStateListModel.h"
 
 #include <cstddef>
 

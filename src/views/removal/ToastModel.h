@@ -1,8 +1,8 @@
 // The notice over the detail column: what it says, and when it goes by itself.
 #pragma once
 
-#include "views/base/AppStateReader.h"
 #include "app/state/NoticeState.h"
+#include "views/base/AppStateReader.h"
 
 #include <chrono>
 #include <QString>

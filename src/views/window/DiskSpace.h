@@ -1,8 +1,8 @@
 // What the sidebar's foot says about the disk.
 #pragma once
 
-#include "views/base/AppStateReader.h"
 #include "app/state/ScanState.h"
+#include "views/base/AppStateReader.h"
 
 #include <QString>
 

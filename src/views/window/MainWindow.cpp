@@ -1,14 +1,14 @@
 #include "views/window/MainWindow.h"
 
 #include "app/Appearance.h"
-#include "app/state/AppState.h"
+#include "app/background/BackgroundServices.h"
 #include "app/EngineSingleton.h"
+#include "app/state/AppState.h"
 #include "app/UpdateController.h"
+#include "tables/SystemTables.h"
 #include "views/icons/IconProvider.h"
 #include "views/map/SunburstAccessible.h"
 #include "views/window/WindowPanels.h"
-#include "tables/SystemTables.h"
-#include "app/background/BackgroundServices.h"
 
 #include <QAccessible>
 #include <QDirIterator>

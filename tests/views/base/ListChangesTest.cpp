@@ -1,10 +1,10 @@
 // Lists whose rows come and go while someone reads them.
+#include "app/state/JunkState.h"
+#include "app/state/RemovalState.h"
 #include "support/MadeUpJunk.h"
 #include "support/TestHome.h"
 #include "views/history/HistoryModel.h"
 #include "views/junk/JunkModel.h"
-#include "app/state/JunkState.h"
-#include "app/state/RemovalState.h"
 
 #include <gtest/gtest.h>
 #include <QAbstractItemModelTester>

@@ -1,11 +1,11 @@
 // Large & Old, By File Type and the Explorer as their user meets them, by mouse and keyboard.
+#include "app/state/NavigationState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 #include "support/SyntheticTree.h"
 #include "support/TemporaryTree.h"
 #include "support/TestWindow.h"
 #include "views/map/SunburstView.h"
-#include "app/state/NavigationState.h"
-#include "app/state/RemovalState.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,7 +50,7 @@ protected:
     WindowDriver& driver() { return m_window->driver(); }
 
     QPoint centreOf(const QString& name) {
-        const QQuickItem* item = driver().await(name);
+        const QQuickItem* item = driver().awaitRest(name);
         return item == nullptr ? QPoint()
                                : item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
     }
@@ -117,7 +117,8 @@ TEST_F(FileScreens, aMenuLeftOpenDoesNotActOnATreeThatIsGone) {
 }
 
 TEST_F(FileScreens, whatLayInADeletedFolderLeavesWithIt) {
-    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setExplorerStack(
+        {state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     ASSERT_TRUE(test::removeDeleted(state(), {"/Users/sam/Movies"}));
     EXPECT_TRUE(driver().awaitGone("c.mov, 3 GB"));
     EXPECT_TRUE(driver().shows("notes.txt, 100 MB"));
@@ -135,7 +136,7 @@ TEST_F(FileScreens, theMenuActsOnTheSelection) {
     EXPECT_EQ(m_app.log.back(), "reveal /Users/sam/Movies/c.mov");
     click("notes.txt, 100 MB", {}, Qt::RightButton);
     driver().click("Delete…", QAccessible::MenuItem);
-    ASSERT_TRUE(state().removal()->hasPlan());
+    ASSERT_TRUE(test::eventually([&] { return state().removal()->plan() != nullptr; }));
     EXPECT_EQ(state().removal()->plan()->items.size(), 1U);
     EXPECT_EQ(state().removal()->plan()->items[0].path, "/Users/sam/notes.txt");
 }
@@ -204,11 +205,13 @@ TEST_F(FileScreens, theExplorerGoesInAndUp) {
 
 TEST_F(FileScreens, goingUpSelectsTheFolderOneComesFrom) {
     state().navigation()->setSection(AppSection::explorer);
-    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setExplorerStack(
+        {state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     EXPECT_TRUE(driver().await("c.mov, 3 GB"));
     driver().click("Back", QAccessible::Button);
     EXPECT_TRUE(driver().await("1 selected · 6 GB"));
-    state().navigation()->setExplorerStack({state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
+    state().navigation()->setExplorerStack(
+        {state().scan()->scan()->root, state().scan()->scan()->nodeAtPath("/Users/sam/Movies")});
     EXPECT_TRUE(driver().awaitGone("1 selected · 6 GB")) << "going in begins with nothing selected";
 }
 
@@ -264,7 +267,7 @@ protected:
     MapScreen() {
         state().navigation()->setSection(AppSection::explorer);
         driver().click("Map");
-        m_map = qobject_cast<SunburstView*>(driver().await("Map of sam"));
+        m_map = qobject_cast<SunburstView*>(driver().awaitRest("Map of sam"));
     }
 
     QPoint pointIn(const FileNode* node) const {

@@ -1,9 +1,9 @@
 // The item with the keyboard is in sight, and what is shortened can be read in full, by keyboard too.
-#include "support/FilledWindow.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
+#include "support/FilledWindow.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

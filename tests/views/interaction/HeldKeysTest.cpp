@@ -1,8 +1,8 @@
 // Keys that stay pressed: they act once, whatever comes under them meanwhile.
-#include "support/TestHome.h"
-#include "views/interaction/KeyGuard.h"
 #include "app/state/NavigationState.h"
 #include "app/state/QuickCleanState.h"
+#include "support/TestHome.h"
+#include "views/interaction/KeyGuard.h"
 
 #include <gtest/gtest.h>
 #include <QCoreApplication>

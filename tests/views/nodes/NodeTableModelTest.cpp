@@ -1,3 +1,7 @@
+#include "app/state/NavigationState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 #include "support/SyntheticTree.h"
 #include "support/TemporaryTree.h"
 #include "support/TestApp.h"
@@ -7,10 +11,6 @@
 #include "views/files/KindTilesModel.h"
 #include "views/nodes/NodeActions.h"
 #include "views/nodes/RowWindow.h"
-#include "app/state/NavigationState.h"
-#include "app/state/PreferencesState.h"
-#include "app/state/RemovalState.h"
-#include "app/state/ScanState.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -228,8 +228,8 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     actions.remove();
     EXPECT_FALSE(state().removal()->hasPlan());
     FileNode* app = node("/Users/sam/Movies/Big.app");
-    actions.take(
-        {state().scan()->scan(), {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")}});
+    actions.take({state().scan()->scan(),
+                  {app, node("/Users/sam/notes.txt"), node("/Users/sam/Movies/Big.app/binary")}});
     EXPECT_TRUE(actions.canPreview());
     EXPECT_TRUE(actions.isDirectory());
     EXPECT_EQ(actions.deleteText(), "Delete 3 Items…");
@@ -243,7 +243,8 @@ TEST_F(NodeModels, actionsActOnTheFirstAndDeletionOnAll) {
     EXPECT_EQ(state().preferences()->excludedRaw(), "/Users/sam/Movies/Big.app");
     actions.openInExplorer();
     EXPECT_EQ(state().navigation()->section(), AppSection::explorer);
-    EXPECT_EQ(state().navigation()->explorerStack(), (std::vector<FileNode*>{state().scan()->scan()->root, app->parent, app}));
+    EXPECT_EQ(state().navigation()->explorerStack(),
+              (std::vector<FileNode*>{state().scan()->scan()->root, app->parent, app}));
     actions.remove();
     EXPECT_TRUE(state().removal()->hasPlan());
     ASSERT_TRUE(test::eventually([&] { return state().removal()->plan() != nullptr; }));

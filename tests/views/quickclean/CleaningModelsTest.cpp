@@ -1,4 +1,9 @@
 // The models behind Quick Clean, the sheet, Junk and History, without a window.
+#include "app/state/JunkState.h"
+#include "app/state/NoticeState.h"
+#include "app/state/PreferencesState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
 #include "support/MadeUpJunk.h"
 #include "support/TestApp.h"
 #include "support/Timing.h"
@@ -7,11 +12,6 @@
 #include "views/quickclean/ReviewModel.h"
 #include "views/quickclean/SmartCleanModel.h"
 #include "views/removal/PlanModel.h"
-#include "app/state/JunkState.h"
-#include "app/state/NoticeState.h"
-#include "app/state/PreferencesState.h"
-#include "app/state/QuickCleanState.h"
-#include "app/state/RemovalState.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -115,9 +115,10 @@ TEST(PlanModel, sortsRowsByRiskAndCountsReviewOnlyWhenAccepted) {
     PlanModel model;
     const QAbstractItemModelTester tester(&model, reporting);
     model.setState(&app.state());
-    app.state().removal()->proposePlan({planItem("lock", 1, Risk::protected_), planItem("b", 20, Risk::review),
-                             planItem("a", 300, Risk::safe), planItem("c", 4'000, Risk::review)},
-                            "Clean Junk");
+    app.state().removal()->proposePlan({planItem("lock", 1, Risk::protected_),
+                                        planItem("b", 20, Risk::review), planItem("a", 300, Risk::safe),
+                                        planItem("c", 4'000, Risk::review)},
+                                       "Clean Junk");
     EXPECT_EQ(model.checkingNote(), "Checking 4 item(s) · 4 KB…");
     EXPECT_FALSE(model.canDelete());
     ASSERT_TRUE(eventually([&] { return app.state().removal()->plan() != nullptr; }));
@@ -186,8 +187,8 @@ TEST(HistoryModel, tellsTheMethodAndWhetherTheWayBackIsOpen) {
     HistoryModel model;
     const QAbstractItemModelTester tester(&model, reporting);
     model.setState(&app.state());
-    ASSERT_TRUE(
-        eventually([&] { return model.count() == 5 && app.state().removal()->removals().isRestorable(first.id); }));
+    ASSERT_TRUE(eventually(
+        [&] { return model.count() == 5 && app.state().removal()->removals().isRestorable(first.id); }));
     EXPECT_EQ(column(model, HistoryModel::method),
               (QStringList{"Trash", "Trash", "Trash", "Deleted", "Restored"}));
     EXPECT_EQ(column(model, HistoryModel::restorable),

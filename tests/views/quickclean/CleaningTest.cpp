@@ -1,12 +1,12 @@
 // From a full disk to a clean one and back, through the window, on real files.
-#include "support/MadeUpJunk.h"
-#include "support/TestHome.h"
-#include "support/Timing.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
+#include "support/MadeUpJunk.h"
+#include "support/TestHome.h"
+#include "support/Timing.h"
 
 #include <cstdio>
 #include <fstream>
@@ -50,7 +50,8 @@ std::set<std::string> differences(const Snapshot& left, const Snapshot& right) {
 
 std::vector<std::string> listedPaths(const AppState& state) {
     std::vector<std::string> paths;
-    for (const DeletionRequest& request : cleanRequests(state.junk()->findings(), state.quickClean()->smartSelection()))
+    for (const DeletionRequest& request :
+         cleanRequests(state.junk()->findings(), state.quickClean()->smartSelection()))
         paths.push_back(request.path);
     return paths;
 }
@@ -68,8 +69,8 @@ TEST(Cleaning, removesWhatWasReviewedAndNothingElse) {
     ASSERT_TRUE(home.clean());
 
     EXPECT_THAT(differences(home.snapshot(), without(before, listed, home.disk.root())), IsEmpty());
-    EXPECT_TRUE(home.driver().await(QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->freed)) +
-                                    " cleaned"));
+    EXPECT_TRUE(home.driver().await(
+        QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->freed)) + " cleaned"));
     home.driver().click("Done", QAccessible::Button);
     ASSERT_TRUE(home.scan());
     EXPECT_EQ(listedPaths(home.state()).size(), 2U) << "what came after the first review";
@@ -85,9 +86,9 @@ TEST(Cleaning, tickedReviewRuleGoesToTheTrashAndUndoBringsItBack) {
     ASSERT_TRUE(home.clean());
     EXPECT_FALSE(home.disk.exists("Downloads/Old.dmg"));
     EXPECT_TRUE(home.disk.exists(".Trash/Old.dmg"));
-    EXPECT_TRUE(
-        home.driver().shows(QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->movedToTrash)) +
-                            " is in the Trash until you empty it."));
+    EXPECT_TRUE(home.driver().shows(
+        QString::fromStdString(formatBytes(home.state().quickClean()->lastReport()->movedToTrash)) +
+        " is in the Trash until you empty it."));
 
     ASSERT_TRUE(home.driver().click("Undo", QAccessible::Button));
     EXPECT_TRUE(home.driver().await("1 item(s) restored"));

@@ -1,5 +1,4 @@
 // Texts fit: in every window size, with longer and with larger texts, and mirrored.
-#include "support/FilledWindow.h"
 #include "app/state/AccessState.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
@@ -7,6 +6,7 @@
 #include "app/state/QuickCleanState.h"
 #include "app/state/RemovalState.h"
 #include "app/state/ScanState.h"
+#include "support/FilledWindow.h"
 
 #include <array>
 #include <cmath>

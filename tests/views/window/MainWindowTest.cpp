@@ -1,11 +1,11 @@
 // The main window as its user meets it, by mouse and keyboard.
-#include "support/SyntheticTree.h"
-#include "support/TestWindow.h"
 #include "app/state/AccessState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"
 #include "app/state/QuickCleanState.h"
 #include "app/state/ScanState.h"
+#include "support/SyntheticTree.h"
+#include "support/TestWindow.h"
 
 #include <chrono>
 #include <gmock/gmock.h>

@@ -1,3 +1,8 @@
+#include "app/state/JunkState.h"
+#include "app/state/NavigationState.h"
+#include "app/state/QuickCleanState.h"
+#include "app/state/RemovalState.h"
+#include "app/state/ScanState.h"
 #include "support/MadeUpJunk.h"
 #include "support/SyntheticTree.h"
 #include "support/TestWindow.h"
@@ -6,11 +11,6 @@
 #include "views/files/FilterEditor.h"
 #include "views/nodes/NodeActions.h"
 #include "views/removal/PlanModel.h"
-#include "app/state/JunkState.h"
-#include "app/state/NavigationState.h"
-#include "app/state/QuickCleanState.h"
-#include "app/state/RemovalState.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -58,7 +58,8 @@ TEST(ManyItems, fiftyThousandAppearAtOnce) {
     EXPECT_LT(list, limitMilliseconds);
     const double sheet = shownAfter(
         [&] {
-            state.removal()->proposePlan(items, "Clean Junk"); // the sheet opens at once, whatever is still checked
+            state.removal()->proposePlan(items,
+                                         "Clean Junk"); // the sheet opens at once, whatever is still checked
             ASSERT_TRUE(state.removal()->hasPlan());
         },
         [&] {

@@ -1,7 +1,7 @@
 // While a large tree is scanned, nothing of our own holds up the main thread for longer than a frame.
+#include "app/state/ScanState.h"
 #include "support/TemporaryTree.h"
 #include "support/TestWindow.h"
-#include "app/state/ScanState.h"
 
 #include <algorithm>
 #include <chrono>
