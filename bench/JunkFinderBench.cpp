@@ -51,7 +51,7 @@ double median(std::vector<double> values) {
 void compare(const char* name, const std::string& home) {
     const LinuxDirectoryLister lister;
     const Granted access;
-    const JunkFinder finder(home, lister, access);
+    const JunkFinder finder(home, macosTables().junk, lister, access);
     std::vector<double> finding;
     std::vector<double> measuring;
     std::int64_t files = 0;

@@ -2,10 +2,11 @@
 // moves to the Trash on the same device. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
 
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/history/DeletionHistory.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <chrono>
@@ -67,7 +68,7 @@ class Engine {
 public:
     explicit Engine(const std::string& home)
         : m_removal(home, m_calls)
-        , m_store(historyFolder(home), m_calls)
+        , m_store(historyFolder(home, macosTables().safety), m_calls)
         , m_executor(
               m_removal, m_store,
               [](std::string_view) {

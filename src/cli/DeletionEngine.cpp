@@ -7,16 +7,17 @@
 
 namespace brimlet {
 
-PathAssessor::PathAssessor(const SystemTables& system)
-    : running(bundles)
+PathAssessor::PathAssessor(const SystemTables& ofSystem)
+    : system(ofSystem)
+    , running(bundles)
     , policy(homeFolder(), system.safety, system.junk.rules, bundles, running)
     , judge(judgeByBothHomes(policy, homeFolder(), pathWithoutLinks(homeFolder())))
-    , places(placesOfUser(homeFolder(), policy, entries, lister))
+    , places(placesOfUser(homeFolder(), system.safety, policy, entries, lister))
     , review(judge, places, entries)
     , removal(homeFolder(), calls) {}
 
 DeletionEngine::DeletionEngine(PathAssessor& assessor)
-    : records(historyFolder(homeFolder()), assessor.calls)
+    : records(historyFolder(homeFolder(), assessor.system.safety), assessor.calls)
     , executor(assessor.removal, records, assessor.judge, assessor.places)
     , history(records, assessor.removal, HistoryStart::fileOnly)
     , m_recovery(records, assessor.removal) {

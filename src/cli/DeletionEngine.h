@@ -5,9 +5,9 @@
 #include "platform/linux/LinuxBundleReader.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/history/DeletionHistory.h"
 #include "safety/ItemReview.h"
@@ -24,8 +24,10 @@ namespace brimlet {
 /// The safety policy over the user's home folder. Changes nothing on the disk.
 class PathAssessor {
 public:
-    explicit PathAssessor(const SystemTables& system);
+    /// ofSystem   must outlive the assessor
+    explicit PathAssessor(const SystemTables& ofSystem);
 
+    const SystemTables& system;
     FileSystemCalls calls;
     LinuxBundleReader bundles;
     LinuxRunningApplications running;

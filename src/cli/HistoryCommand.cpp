@@ -4,7 +4,7 @@
 #include "core/ByteFormat.h"
 #include "core/WholeNumber.h"
 #include "platform/HomeFolder.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 #include "json/Json.h"
 
 #include <algorithm>
@@ -40,7 +40,8 @@ ExitStatus showHistory(bool json, const SystemTables& system) {
     if (const auto refusal = refusalOfHome())
         return fail(*refusal);
     PathAssessor assessor(system);
-    LinuxRecordStore records(historyFolder(homeFolder()), assessor.calls, MissingFolders::fail);
+    LinuxRecordStore records(historyFolder(homeFolder(), system.safety), assessor.calls,
+                             MissingFolders::fail);
     const DeletionHistory history(records, assessor.removal, HistoryStart::fileOnly);
     if (json) {
         std::puts(historyText(history.entries()).c_str());

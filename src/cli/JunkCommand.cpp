@@ -117,13 +117,15 @@ std::string knownIds(const JunkTables& tables) {
     return ids;
 }
 
-ExitStatus findJunk(const JunkOptions& options, const JunkTables& tables) {
+ExitStatus findJunk(const JunkOptions& options, const SystemTables& system) {
+    const JunkTables& tables = system.junk;
     const std::vector<JunkRule> rules = rulesNamed(options.ruleIds, tables);
     if (rules.empty())
         return fail("There is no such rule. The rules are " + knownIds(tables) + ".");
     const LinuxDirectoryLister lister;
-    const LinuxAccessProbe access(homeFolder());
-    const std::vector<JunkFinding> findings = JunkFinder(homeFolder(), lister, access).scan(rules);
+    const LinuxAccessProbe access(std::string(system.access.database),
+                                  homeFolder() + "/" + std::string(system.access.homeFolder));
+    const std::vector<JunkFinding> findings = JunkFinder(homeFolder(), tables, lister, access).scan(rules);
     if (options.json)
         printJson(findings);
     else
@@ -146,8 +148,7 @@ void addJunkCommand(CLI::App& app, Invocation& invocation) {
                     ".\n\nExamples:\n"
                     "  brimlet-cli junk\n"
                     "  brimlet-cli junk --rule trash --rule user-caches --json");
-    command->callback(
-        [options, &invocation] { invocation.status = findJunk(*options, invocation.system->junk); });
+    command->callback([options, &invocation] { invocation.status = findJunk(*options, *invocation.system); });
 }
 
 } // namespace brimlet

@@ -149,15 +149,15 @@ ExitStatus statusOf(const DeletionPlan& plan, const DeletionReport& report) {
     return all ? ExitStatus::done : ExitStatus::partly;
 }
 
-bool prefersPermanent() {
-    FilePreferencesStore store(FilePreferencesStore::standardFile(homeFolder()));
+bool prefersPermanent(const SystemTables& system) {
+    FilePreferencesStore store(homeFolder() + "/" + std::string(system.preferencesFile));
     return Preferences(store).permanentDelete();
 }
 
 ExitStatus remove(RemoveOptions options, const SystemTables& system) {
     if (const auto refusal = refusalOfHome())
         return fail(*refusal);
-    options.permanent = options.permanent || prefersPermanent();
+    options.permanent = options.permanent || prefersPermanent(system);
     PathAssessor assessor(system);
     const DeletionPlan plan = planFor(options, assessor);
     if (options.dryRun && options.json) {

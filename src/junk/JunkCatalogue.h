@@ -13,6 +13,11 @@ struct JunkTables {
     std::span<const JunkRule> rules;
     /// The headings in display order.
     std::span<const JunkGroup> groups;
+    /// What the bases of rules begin with that look only where the application may read all of the user's
+    /// data.
+    std::string_view guardedBases;
+    /// A file by which the system remembers how a folder looks. It is junk in the Trash only.
+    std::string_view folderSettings;
 };
 
 /// The rule of this id, or null.

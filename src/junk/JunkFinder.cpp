@@ -15,15 +15,14 @@ namespace brimlet {
 namespace {
 
 constexpr std::string_view trashRule = "trash";
-constexpr std::string_view folderSettings = ".DS_Store";
-constexpr std::string_view containers = "Library/Containers/";
 constexpr double secondsPerDay = 86'400;
 
 /// Whether a rule takes a child for what its name and age say. `cutOff` in seconds since 1970.
-bool qualifies(const JunkRule& rule, const ListedChild& child, std::optional<double> cutOff) {
+bool qualifies(const JunkTables& tables, const JunkRule& rule, const ListedChild& child,
+               std::optional<double> cutOff) {
     if (rule.excludes(child.name))
         return false;
-    if (child.name == folderSettings && rule.id != trashRule)
+    if (child.name == tables.folderSettings && rule.id != trashRule)
         return false;
     if (!rule.admitsExtensionOf(child.name))
         return false;
@@ -37,9 +36,10 @@ std::int64_t JunkFinding::total() const {
                            [](std::int64_t sum, const JunkItem& item) { return sum + item.size; });
 }
 
-JunkFinder::JunkFinder(std::string homeFolder, const DirectoryLister& lister, const AccessProbe& access,
-                       Clock now)
+JunkFinder::JunkFinder(std::string homeFolder, const JunkTables& tables, const DirectoryLister& lister,
+                       const AccessProbe& access, Clock now)
     : m_homeFolder(std::move(homeFolder))
+    , m_tables(tables)
     , m_lister(lister)
     , m_access(access)
     , m_now(std::move(now)) {}
@@ -53,7 +53,7 @@ std::vector<JunkFinding> JunkFinder::scan(std::span<const JunkRule> rules,
     const bool mayReadContainers = m_access.hasFullDiskAccess();
     std::vector<const JunkRule*> tried;
     for (const JunkRule& rule : rules) {
-        if (mayReadContainers || !rule.base.starts_with(containers))
+        if (mayReadContainers || !rule.base.starts_with(m_tables.guardedBases))
             tried.push_back(&rule);
     }
     std::vector<JunkFinding> found = findings(tried, stop);
@@ -85,7 +85,7 @@ std::vector<JunkFinder::Candidate> JunkFinder::candidates(const JunkRule& rule) 
         cutOff = m_now() - *rule.minAgeDays * secondsPerDay;
     std::vector<Candidate> qualified;
     for (const ListedChild& child : *children) {
-        if (!qualifies(rule, child, cutOff))
+        if (!qualifies(m_tables, rule, child, cutOff))
             continue;
         const bool isFile = child.fileBytes.has_value();
         qualified.push_back({{folder + "/" + child.name, rule.id, child.fileBytes.value_or(0), isFile ? 1 : 0,

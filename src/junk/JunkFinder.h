@@ -4,6 +4,7 @@
 // Immutable; callable from any thread. A rule whose folder is missing or can't be listed finds nothing.
 #pragma once
 
+#include "junk/JunkCatalogue.h"
 #include "platform/EntryIdentity.h"
 #include "safety/JunkRule.h"
 
@@ -48,8 +49,8 @@ public:
 
     /// homeFolder     absolute, without a trailing slash
     /// lister, access must outlive the finder
-    JunkFinder(std::string homeFolder, const DirectoryLister& lister, const AccessProbe& access,
-               Clock now = systemTime);
+    JunkFinder(std::string homeFolder, const JunkTables& tables, const DirectoryLister& lister,
+               const AccessProbe& access, Clock now = systemTime);
 
     /// What the rules find, largest total first; rules that find nothing are left out. Without Full Disk
     /// Access the folders of other applications' containers are not tried. Blocks on the disk; works with a
@@ -70,6 +71,7 @@ private:
                                       const std::stop_token& stop) const;
 
     std::string m_homeFolder;
+    JunkTables m_tables;
     const DirectoryLister& m_lister;
     const AccessProbe& m_access;
     Clock m_now;

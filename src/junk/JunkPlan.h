@@ -2,7 +2,7 @@
 #pragma once
 
 #include "junk/JunkFinder.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/ItemReview.h"
 
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include "core/Localized.h"
 #include "core/walk/MeasureTree.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -20,7 +20,7 @@
 
 #include "platform/FileRemoval.h"
 #include "platform/RecordStore.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/PathJudge.h"
 #include "safety/ProtectedPlaces.h"
 #include "safety/RequestJudge.h"

@@ -2,7 +2,7 @@
 // Pure functions; callable from any thread.
 #pragma once
 
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 
 #include <optional>
 #include <string>

@@ -5,7 +5,6 @@
 #include "platform/DirectoryLister.h"
 #include "platform/EntryLookup.h"
 #include "platform/HomeFolder.h"
-#include "safety/history/DeletionHistory.h"
 #include "safety/SafetyPolicy.h"
 
 #include <algorithm>
@@ -63,13 +62,18 @@ ProtectedPlaces::reasonToKeep(std::string_view path, const std::optional<PlacedI
     return std::nullopt;
 }
 
-PlacesSource placesOfUser(const std::string& homeFolder, const SafetyPolicy& policy,
-                          const EntryLookup& entries, const DirectoryLister& lister) {
-    return [homeFolder, &policy, &entries, &lister] {
+std::string historyFolder(const std::string& homeFolder, const SafetyTables& tables) {
+    return homeFolder + "/" + std::string(tables.historyFolder);
+}
+
+PlacesSource placesOfUser(const std::string& homeFolder, const SafetyTables& tables,
+                          const SafetyPolicy& policy, const EntryLookup& entries,
+                          const DirectoryLister& lister) {
+    return [homeFolder, &tables, &policy, &entries, &lister] {
         std::vector<ProtectedPlaces::Place> places = {
             {homeFolder, localized("It contains your home folder.")},
-            {homeFolder + "/.Trash", localized("It contains your Trash.")},
-            {historyFolder(homeFolder), localized("It contains the history of Brimlet.")},
+            {homeFolder + "/" + std::string(tables.trash), localized("It contains your Trash.")},
+            {historyFolder(homeFolder, tables), localized("It contains the history of Brimlet.")},
             {programPath(), localized("It contains Brimlet itself.")},
         };
         for (const ProtectedPlace& place : policy.protectedPlaces()) {

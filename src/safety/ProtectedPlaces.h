@@ -7,6 +7,7 @@
 
 #include "platform/EntryIdentity.h"
 #include "safety/FolderTable.h"
+#include "safety/SafetyTables.h"
 
 #include <functional>
 #include <optional>
@@ -52,9 +53,13 @@ private:
 /// Takes a picture when it is called.
 using PlacesSource = std::function<ProtectedPlaces()>;
 
+/// Where the application and the command line keep the history.
+std::string historyFolder(const std::string& homeFolder, const SafetyTables& tables);
+
 /// The places of a user: the home folder, the Trash, the history, the running program and what the policy
 /// protects. All references must outlive the source.
-PlacesSource placesOfUser(const std::string& homeFolder, const SafetyPolicy& policy,
-                          const EntryLookup& entries, const DirectoryLister& lister);
+PlacesSource placesOfUser(const std::string& homeFolder, const SafetyTables& tables,
+                          const SafetyPolicy& policy, const EntryLookup& entries,
+                          const DirectoryLister& lister);
 
 } // namespace brimlet

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/FileRemoval.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/PathJudge.h"
 #include "safety/ProtectedPlaces.h"
 

@@ -1,6 +1,6 @@
 #include "safety/RunJournal.h"
 
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 
 #include <algorithm>
 #include <array>

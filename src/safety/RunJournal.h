@@ -12,8 +12,8 @@
 
 #include "platform/FileRemoval.h"
 #include "platform/RecordStore.h"
-#include "safety/history/DeletionRecords.h"
-#include "safety/history/HistoryMerge.h"
+#include "safety/DeletionRecords.h"
+#include "safety/HistoryMerge.h"
 
 #include <memory>
 #include <span>

@@ -45,7 +45,9 @@ struct SafetyTables {
     /// What is said of all that lies below a folder and that nothing before has judged: absolute, or relative
     /// to the home folder. "" is the home folder itself.
     std::span<const PlaceRow> remainingPlaces;
-    std::string_view trash;         ///< below the home folder
+    std::string_view trash; ///< below the home folder
+    std::string_view
+        historyFolder; ///< below the home folder: the application's own record of what it removed
     std::string_view emptiedFolder; ///< why a folder stays whose content may go
 };
 

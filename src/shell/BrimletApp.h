@@ -3,9 +3,9 @@
 #pragma once
 
 #include "app/Appearance.h"
-#include "app/background/BackgroundServices.h"
 #include "app/background/StageClock.h"
 #include "app/state/AppState.h"
+#include "app/state/BackgroundServices.h"
 #include "app/UpdateController.h"
 #include "junk/JunkFinder.h"
 #include "platform/linux/FeedUpdateCheck.h"
@@ -14,11 +14,11 @@
 #include "platform/linux/LinuxBundleReader.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/LinuxRunningApplications.h"
 #include "platform/linux/LinuxSystemOpener.h"
 #include "platform/linux/LinuxVolumes.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 #include "platform/RecentRunningApplications.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/history/DeletionHistory.h"

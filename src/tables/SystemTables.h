@@ -15,12 +15,20 @@
 
 namespace brimlet {
 
+/// What only a program with access to all of the user's data can open.
+struct AccessPlaces {
+    std::string_view database;   ///< absolute
+    std::string_view homeFolder; ///< below the home folder
+};
+
 struct SystemTables {
     std::string_view name; ///< as "--system" takes it
     FolderRules folders;
     SafetyTables safety;
     JunkTables junk;
     SystemWords words;
+    AccessPlaces access;
+    std::string_view preferencesFile; ///< below the home folder
     /// What each bucket holds, in the order of StorageBucket. English keys of the translation look-up.
     std::array<std::string_view, storageBucketCount> bucketExplanations;
 };

@@ -4,6 +4,7 @@
 #include "platform/linux/FilePreferencesStore.h"
 #include "support/Privileges.h"
 #include "support/TemporaryTree.h"
+#include "tables/SystemTables.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -131,7 +132,7 @@ TEST(Preferences, fileThatMayNotBeReadIsLeftAsItIs) {
 
 TEST(Preferences, missingHomeFolderIsNotMade) {
     const test::TemporaryTree tree;
-    FilePreferencesStore store(FilePreferencesStore::standardFile(tree.path("home")));
+    FilePreferencesStore store(tree.path("home") + "/" + std::string(macosTables().preferencesFile));
     store.setValue("menuBar", false);
     EXPECT_EQ(store.value("menuBar"), PreferenceValue(false));
     EXPECT_FALSE(tree.exists("home"));

@@ -2,7 +2,7 @@
 
 #include "core/walk/MeasureTree.h"
 #include "platform/linux/removal/ScratchName.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 #include "safety/RunJournal.h"
 #include "support/Program.h"
 #include "support/TemporaryTree.h"

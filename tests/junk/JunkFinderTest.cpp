@@ -30,7 +30,7 @@ protected:
     test::TemporaryTree home;
     LinuxDirectoryLister lister;
     test::FakeAccessProbe access;
-    JunkFinder finder{home.root(), lister, access, [] { return now; }};
+    JunkFinder finder{home.root(), macosTables().junk, lister, access, [] { return now; }};
 
     std::vector<std::string> names(const std::optional<JunkFinding>& finding) const {
         std::vector<std::string> result;
@@ -162,7 +162,9 @@ TEST_F(JunkFinderTest, whatVanishesAfterTheListingIsNoItem) {
     const test::HookedDirectoryLister allGone(lister, [&](const std::string&, std::vector<ListedChild>&) {
         std::filesystem::remove_all(home.path(".cache"));
     });
-    EXPECT_FALSE(JunkFinder(home.root(), allGone, access).scanRule(test::macRule("dot-cache")).has_value());
+    EXPECT_FALSE(JunkFinder(home.root(), macosTables().junk, allGone, access)
+                     .scanRule(test::macRule("dot-cache"))
+                     .has_value());
 }
 
 TEST_F(JunkFinderTest, hardLinkCountsOnceInAnItemAndAgainInTheNext) {

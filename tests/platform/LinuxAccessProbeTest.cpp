@@ -8,7 +8,7 @@ namespace {
 
 TEST(LinuxAccessProbeTest, eitherReadablePlaceGrantsAccess) {
     const test::TemporaryTree tree;
-    const LinuxAccessProbe probe(tree.path("home"), tree.path("TCC.db"));
+    const LinuxAccessProbe probe(tree.path("TCC.db"), tree.path("home/Library/Safari"));
     EXPECT_FALSE(probe.hasFullDiskAccess());
     tree.file("home/Library/Safari");
     EXPECT_FALSE(probe.hasFullDiskAccess()) << "a file is no folder to list";
@@ -16,9 +16,10 @@ TEST(LinuxAccessProbeTest, eitherReadablePlaceGrantsAccess) {
     EXPECT_TRUE(probe.hasFullDiskAccess());
 
     tree.directory("other/Library/Safari");
-    EXPECT_TRUE(LinuxAccessProbe(tree.path("other"), tree.path("missing.db")).hasFullDiskAccess());
     EXPECT_TRUE(
-        LinuxAccessProbe(tree.path("other"), tree.symbolicLink("loop.db", "loop.db")).hasFullDiskAccess())
+        LinuxAccessProbe(tree.path("missing.db"), tree.path("other/Library/Safari")).hasFullDiskAccess());
+    EXPECT_TRUE(LinuxAccessProbe(tree.symbolicLink("loop.db", "loop.db"), tree.path("other/Library/Safari"))
+                    .hasFullDiskAccess())
         << "the first can't be opened, the second can";
 }
 

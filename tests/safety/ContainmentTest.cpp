@@ -29,7 +29,7 @@ struct User {
     SafetyPolicy policy{home, macosTables().safety, macosTables().junk.rules, bundles, running};
     LinuxEntryLookup entries;
     LinuxDirectoryLister lister;
-    PlacesSource places = placesOfUser(home, policy, entries, lister);
+    PlacesSource places = placesOfUser(home, macosTables().safety, policy, entries, lister);
 
     std::optional<std::string> reasonToKeep(const std::string& relative) const {
         const std::string path = tree.path(relative);

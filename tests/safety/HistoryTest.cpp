@@ -2,7 +2,7 @@
 
 #include "platform/linux/LinuxEntryLookup.h"
 #include "safety/DeletionPlanning.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 #include "support/DeletionStage.h"
 
 #include <fcntl.h>

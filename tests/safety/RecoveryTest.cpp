@@ -1,7 +1,7 @@
 // What the history does when its own folder, or the disk of an item, refuses it.
 
 #include "platform/linux/removal/ScratchName.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 #include "safety/JournalRecovery.h"
 #include "support/DeletionStage.h"
 

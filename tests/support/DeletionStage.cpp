@@ -3,7 +3,7 @@
 #include "core/Paths.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/removal/ScratchName.h"
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 
 #include <algorithm>
 #include <filesystem>

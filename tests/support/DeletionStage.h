@@ -1,8 +1,8 @@
 // A home folder with the whole deletion engine on top of it, behind the guard.
 #pragma once
 
-#include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 #include "safety/DeletionExecutor.h"
 #include "safety/history/DeletionHistory.h"
 #include "support/GuardedCalls.h"

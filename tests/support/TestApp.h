@@ -4,8 +4,8 @@
 #include "app/state/AppState.h"
 #include "platform/linux/LinuxDirectoryLister.h"
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/LinuxRecordStore.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 #include "safety/SafetyPolicy.h"
 #include "support/FakeBundles.h"
 #include "support/FakeServices.h"
@@ -37,7 +37,7 @@ public:
                                                       running);
             m_review = std::make_unique<ItemReview>(
                 [this](std::string_view path) { return m_policy->verdict(path); },
-                placesOfUser(homeFolder, *m_policy, m_entries, m_lister), m_entries);
+                placesOfUser(homeFolder, macosTables().safety, *m_policy, m_entries, m_lister), m_entries);
             m_state = std::make_unique<AppState>(AppServices{
                 .system = system,
                 .homeFolder = homeFolder,

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "app/background/BackgroundWork.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 
 #include <array>
 #include <cstdint>

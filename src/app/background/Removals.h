@@ -8,9 +8,9 @@
 #include "app/background/BackgroundWork.h"
 #include "app/background/WorkGate.h"
 #include "safety/DeletionExecutor.h"
+#include "safety/DeletionRecords.h"
 #include "safety/history/DeletionHistory.h"
-#include "safety/history/DeletionRecords.h"
-#include "safety/history/HistoryMerge.h"
+#include "safety/HistoryMerge.h"
 
 #include <functional>
 #include <memory>

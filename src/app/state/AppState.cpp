@@ -1,10 +1,10 @@
 #include "app/state/AppState.h"
 
-#include "app/background/BackgroundServices.h"
 #include "app/background/BackgroundWork.h"
 #include "app/EngineSingleton.h"
 #include "app/state/AccessState.h"
 #include "app/state/AppServices.h"
+#include "app/state/BackgroundServices.h"
 #include "app/state/JunkState.h"
 #include "app/state/NavigationState.h"
 #include "app/state/NoticeState.h"

@@ -1,7 +1,7 @@
 // The notice shown to the user after something was done.
 #pragma once
 
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/Uuid.h"
 
 #include <memory>

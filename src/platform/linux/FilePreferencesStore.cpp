@@ -84,10 +84,6 @@ std::string nameAside(const std::string& file) {
 
 } // namespace
 
-std::string FilePreferencesStore::standardFile(std::string_view homeFolder) {
-    return std::string(homeFolder) + "/Library/Preferences/com.brimlet.mac.json";
-}
-
 FilePreferencesStore::FilePreferencesStore(std::string file)
     : m_file(std::move(file)) {
     const std::optional<std::string> text = fileContents(m_file, sizeLimit);

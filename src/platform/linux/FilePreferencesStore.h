@@ -14,9 +14,6 @@ public:
     /// file  absolute; its folder and the one above are made on the first write
     explicit FilePreferencesStore(std::string file);
 
-    /// Where the application keeps its preferences.
-    static std::string standardFile(std::string_view homeFolder);
-
     std::optional<PreferenceValue> value(std::string_view key) const override;
     void setValue(std::string_view key, const PreferenceValue& value) override;
     void removeValue(std::string_view key) override;

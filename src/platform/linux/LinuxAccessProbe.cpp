@@ -19,12 +19,12 @@ bool canOpen(const std::string& path, int flags) {
 
 } // namespace
 
-LinuxAccessProbe::LinuxAccessProbe(const std::string& homeFolder, std::string database)
+LinuxAccessProbe::LinuxAccessProbe(std::string database, std::string folder)
     : m_database(std::move(database))
-    , m_safariFolder(homeFolder + "/Library/Safari") {}
+    , m_folder(std::move(folder)) {}
 
 bool LinuxAccessProbe::hasFullDiskAccess() const {
-    return canOpen(m_database, 0) || canOpen(m_safariFolder, O_DIRECTORY);
+    return canOpen(m_database, 0) || canOpen(m_folder, O_DIRECTORY);
 }
 
 } // namespace brimlet

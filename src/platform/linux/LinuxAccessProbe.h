@@ -6,18 +6,16 @@
 
 namespace brimlet {
 
-/// Tries the privacy database first, then the home folder's Safari data.
+/// Tries a database first, then a folder: whoever can open one of them may read all of the user's data.
 class LinuxAccessProbe final : public AccessProbe {
 public:
-    static constexpr const char* privacyDatabase = "/Library/Application Support/com.apple.TCC/TCC.db";
-
-    explicit LinuxAccessProbe(const std::string& homeFolder, std::string database = privacyDatabase);
+    LinuxAccessProbe(std::string database, std::string folder);
 
     bool hasFullDiskAccess() const override;
 
 private:
     std::string m_database;
-    std::string m_safariFolder;
+    std::string m_folder;
 };
 
 } // namespace brimlet

@@ -15,10 +15,6 @@ UuidSet identifiersOf(const std::vector<HistoryEntry>& entries) {
 
 } // namespace
 
-std::string historyFolder(const std::string& homeFolder) {
-    return homeFolder + "/Library/Application Support/Brimlet";
-}
-
 DeletionHistory::DeletionHistory(RecordStore& store, FileRemoval& removal, HistoryStart start)
     : m_store(store)
     , m_removal(removal)

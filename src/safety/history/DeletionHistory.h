@@ -17,7 +17,7 @@
 #include "platform/FileRemoval.h"
 #include "platform/RecordStore.h"
 #include "safety/DeletionExecutor.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/history/HistoryFile.h"
 #include "safety/history/HistoryRestore.h"
 #include "safety/JournalRecovery.h"
@@ -29,10 +29,6 @@
 #include <vector>
 
 namespace brimlet {
-
-/// Where the application and the command line keep the history: "Library/Application Support/Brimlet" of the
-/// home folder.
-std::string historyFolder(const std::string& homeFolder);
 
 /// What is done about interrupted runs when a history is made. Who only reads changes nothing; who wants no
 /// wait recovers elsewhere and hands over what was found.

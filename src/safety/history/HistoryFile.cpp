@@ -1,6 +1,6 @@
 #include "safety/history/HistoryFile.h"
 
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 
 #include <array>
 #include <cerrno>

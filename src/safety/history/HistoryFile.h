@@ -4,8 +4,8 @@
 #pragma once
 
 #include "platform/RecordStore.h"
-#include "safety/history/DeletionRecords.h"
-#include "safety/history/HistoryMerge.h"
+#include "safety/DeletionRecords.h"
+#include "safety/HistoryMerge.h"
 
 #include <optional>
 #include <string>

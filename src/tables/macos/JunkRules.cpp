@@ -90,7 +90,10 @@ constexpr JunkGroup groups[] = {system, trash, mail, developer, devices, downloa
 } // namespace
 
 JunkTables junk() {
-    return {.rules = catalogue(), .groups = groups};
+    return {.rules = catalogue(),
+            .groups = groups,
+            .guardedBases = "Library/Containers/",
+            .folderSettings = ".DS_Store"};
 }
 
 } // namespace brimlet::macos

@@ -9,6 +9,9 @@ const SystemTables& macosTables() {
         .safety = macos::safety,
         .junk = macos::junk(),
         .words = macos::words,
+        .access = {.database = "/Library/Application Support/com.apple.TCC/TCC.db",
+                   .homeFolder = "Library/Safari"},
+        .preferencesFile = "Library/Preferences/com.brimlet.mac.json",
         .bucketExplanations = macos::bucketExplanations,
     };
     return tables;

@@ -97,6 +97,7 @@ const SafetyTables safety = {
                      .systemReason = "Apple app included with macOS or required by the system."},
     .remainingPlaces = remainingPlaces,
     .trash = ".Trash",
+    .historyFolder = "Library/Application Support/Brimlet",
     .emptiedFolder = "Folder used by macOS. Brimlet empties its contents but keeps the folder.",
 };
 

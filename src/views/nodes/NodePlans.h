@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/FileNode.h"
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "safety/ItemReview.h"
 #include "views/nodes/NodeColumns.h"
 #include "views/nodes/RowSelection.h"

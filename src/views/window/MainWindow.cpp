@@ -1,9 +1,9 @@
 #include "views/window/MainWindow.h"
 
 #include "app/Appearance.h"
-#include "app/background/BackgroundServices.h"
 #include "app/EngineSingleton.h"
 #include "app/state/AppState.h"
+#include "app/state/BackgroundServices.h"
 #include "app/UpdateController.h"
 #include "tables/SystemTables.h"
 #include "views/icons/IconProvider.h"

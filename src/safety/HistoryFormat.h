@@ -4,7 +4,7 @@
 // Trash; it may be missing, and who doesn't know it passes over it.
 #pragma once
 
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 #include "json/Json.h"
 
 #include <optional>

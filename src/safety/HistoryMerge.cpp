@@ -1,4 +1,4 @@
-#include "safety/history/HistoryMerge.h"
+#include "safety/HistoryMerge.h"
 
 #include <cstring>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "platform/linux/LinuxRecordStore.h"
+#include "platform/linux/removal/LinuxRecordStore.h"
 
 #include "platform/linux/removal/ExclusiveRename.h"
 #include "platform/linux/removal/FolderListing.h"

@@ -1,4 +1,4 @@
-#include "safety/history/HistoryFormat.h"
+#include "safety/HistoryFormat.h"
 
 #include <chrono>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/background/BackgroundServices.h"
+#include "app/state/BackgroundServices.h"
 
 #include "app/state/AppState.h"
 

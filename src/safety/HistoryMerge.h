@@ -1,7 +1,7 @@
 // How the lists of two processes become one. Pure; callable from any thread.
 #pragma once
 
-#include "safety/history/DeletionRecords.h"
+#include "safety/DeletionRecords.h"
 
 #include <cstddef>
 #include <unordered_set>
