@@ -115,7 +115,7 @@ TEST_F(JunkFinderTest, ageLimitHoldsToTheSecond) {
                                                           entry.modified.reset();
                                                   }
                                               });
-    const JunkFinder withUndated(home.root(), undated, access, [] { return now; });
+    const JunkFinder withUndated(home.root(), macosTables().junk, undated, access, [] { return now; });
     const auto finding = withUndated.scanRule(test::macRule("old-installers"));
     EXPECT_THAT(names(finding), UnorderedElementsAre("exactly.dmg", "a second more.dmg", "undated.dmg"));
     for (const JunkItem& item : finding->items)
@@ -156,7 +156,7 @@ TEST_F(JunkFinderTest, whatVanishesAfterTheListingIsNoItem) {
     const test::HookedDirectoryLister vanishing(lister, [&](const std::string&, std::vector<ListedChild>&) {
         std::filesystem::remove_all(home.path(".cache/goes"));
     });
-    const JunkFinder late(home.root(), vanishing, access);
+    const JunkFinder late(home.root(), macosTables().junk, vanishing, access);
     EXPECT_THAT(names(late.scanRule(test::macRule("dot-cache"))), ElementsAre("stays"));
 
     const test::HookedDirectoryLister allGone(lister, [&](const std::string&, std::vector<ListedChild>&) {

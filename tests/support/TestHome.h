@@ -99,7 +99,7 @@ private:
     FakeAccessProbe m_access;
     SafetyPolicy m_policy{disk.root(), macosTables().safety, macosTables().junk.rules, app.bundles,
                           app.running};
-    JunkFinder m_finder{disk.root(), m_lister, m_access};
+    JunkFinder m_finder{disk.root(), macosTables().junk, m_lister, m_access};
     LinuxEntryLookup m_entries;
     DeletionExecutor m_executor{
         m_removal, app.records, [this](std::string_view path) { return m_policy.verdict(path); },

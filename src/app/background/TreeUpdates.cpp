@@ -8,8 +8,8 @@ namespace brimlet {
 
 namespace {
 
-/// So many are marked in about a millisecond.
-constexpr std::size_t pieceSize = 1'000;
+/// Few enough for a small part of a slice.
+constexpr std::size_t pieceSize = 100;
 
 } // namespace
 
@@ -35,22 +35,25 @@ void TreeUpdates::begin() {
         [scan = std::shared_ptr<const ScanResult>(update.scan), paths = update.paths] {
             return scan ? scan->nodesAtNodePaths(*paths) : std::vector<FileNode*>();
         },
-        [this](std::vector<FileNode*> nodes) {
-            m_nodes = std::move(nodes);
-            markFrom(0);
-        });
+        [this](std::vector<FileNode*> nodes) { markAll(std::move(nodes)); });
 }
 
-void TreeUpdates::markFrom(std::size_t first) {
-    const Update& update = m_updates.front();
-    const std::size_t count = std::min(pieceSize, m_nodes.size() - first);
-    if (count > 0)
-        (*update.scan.*update.mark)(std::span(m_nodes).subspan(first, count));
-    if (first + count < m_nodes.size()) {
-        m_work.handBack([this, next = first + count] { markFrom(next); });
-        return;
-    }
-    const std::function<void()> then = update.then;
+void TreeUpdates::markAll(std::vector<FileNode*> nodes) {
+    const auto all = std::make_shared<const std::vector<FileNode*>>(std::move(nodes));
+    m_marking.run(
+        [this, all, next = std::size_t{0}]() mutable {
+            const Update& update = m_updates.front();
+            const std::size_t count = std::min(pieceSize, all->size() - next);
+            if (count > 0)
+                (*update.scan.*update.mark)(std::span(*all).subspan(next, count));
+            next += count;
+            return next < all->size();
+        },
+        [this] { finishFirst(); });
+}
+
+void TreeUpdates::finishFirst() {
+    const std::function<void()> then = m_updates.front().then;
     m_updates.pop_front();
     if (!m_updates.empty())
         begin();

@@ -5,9 +5,9 @@
 
 #include "app/background/BackgroundWork.h"
 #include "app/background/PathUpdates.h"
+#include "app/background/SlicedWork.h"
 #include "core/ScanResult.h"
 
-#include <cstddef>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -35,11 +35,12 @@ private:
 
     void add(Update update);
     void begin();
-    void markFrom(std::size_t first);
+    void markAll(std::vector<FileNode*> nodes);
+    void finishFirst();
 
-    std::deque<Update> m_updates;   ///< the first is at work
-    std::vector<FileNode*> m_nodes; ///< of the first
-    BackgroundWork m_work{1};       // Goes first.
+    std::deque<Update> m_updates; ///< the first is at work
+    SlicedWork m_marking;
+    BackgroundWork m_work{1}; // Goes first.
 };
 
 } // namespace brimlet
