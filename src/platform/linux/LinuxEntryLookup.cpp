@@ -2,6 +2,7 @@
 
 #include "core/Paths.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/KeptIdentity.h"
 #include "platform/linux/PathWalk.h"
 
 #include <array>
@@ -44,8 +45,9 @@ std::optional<FoundEntry> LinuxEntryLookup::find(const std::string& path) const 
     const std::string folderPath = pathOf(calls, folder);
     if (folderPath.empty())
         return std::nullopt;
+    const KeptIdentity kept(calls, folder.number(), folderStatus);
     return FoundEntry{(folderPath == "/" ? "" : folderPath) + "/" + name,
-                      {entryStatus.identity(), folderStatus.identity()}};
+                      {kept.of(entryStatus), kept.of(folderStatus)}};
 }
 
 } // namespace brimlet

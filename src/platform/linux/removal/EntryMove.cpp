@@ -2,6 +2,7 @@
 
 #include "core/Localized.h"
 #include "core/walk/MeasureTree.h"
+#include "platform/linux/KeptIdentity.h"
 #include "platform/linux/removal/DiskSync.h"
 #include "platform/linux/removal/ExclusiveRename.h"
 #include "platform/linux/removal/FreeName.h"
@@ -40,9 +41,16 @@ int twice(Step step) {
 
 } // namespace
 
-FileIdentity identityOf(const FileStatus& status) {
-    return std::to_string(status.inode) + "-" + std::to_string(status.born.tv_sec) + "." +
-           std::to_string(status.born.tv_nsec);
+FileIdentity identityOf(const EntryIdentity& entry) {
+    return std::to_string(entry.inode) + "-" + std::to_string(entry.bornSeconds) + "." +
+           std::to_string(entry.bornNanoseconds);
+}
+
+EntryIdentity keptIdentity(FileSystemCalls& calls, int folder, const FileStatus& status) {
+    FileStatus folderStatus;
+    if (calls.status(folder, "", folderStatus) < 0)
+        folderStatus.device = status.device;
+    return KeptIdentity(calls, folder, folderStatus).of(status);
 }
 
 Result<std::string> returnToName(FileSystemCalls& calls, int folder, const std::string& aside,
@@ -85,7 +93,7 @@ Result<TrashArrival> EntryMove::perform(const std::string& name, NameChoice choi
         return errorFromErrno(-found);
     if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(m_source.path())))
         return mountedInside();
-    const PlannedMove plan{{}, identityOf(status), {}, {}};
+    const PlannedMove plan{{}, identityOf(m_source.reviewed.value_or(status.identity())), {}, {}};
     Result<std::string> placed = place(m_source.parent.folder.number(), m_source.name, plan);
     const PlatformError* error = errorIn(placed);
     if (error == nullptr)
@@ -208,7 +216,7 @@ Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest,
     FileStatus copy;
     if (const int result = m_calls.status(scratch, copyName, copy); result < 0)
         return errorFromErrno(-result);
-    plan.identity = identityOf(copy);
+    plan.identity = identityOf(keptIdentity(m_calls, scratch, copy));
     plan.remark = remarkOn(copier.losses());
     return place(scratch, copyName, std::move(plan));
 }

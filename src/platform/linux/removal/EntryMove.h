@@ -65,7 +65,10 @@ private:
 
 /// The identity of a file: its inode and the moment of its birth, which together outlast renames and
 /// restarts.
-FileIdentity identityOf(const FileStatus& status);
+FileIdentity identityOf(const EntryIdentity& entry);
+
+/// Likewise for an entry of an open folder; as far as the file system keeps it.
+EntryIdentity keptIdentity(FileSystemCalls& calls, int folder, const FileStatus& status);
 
 /// Moves an entry that was set aside back to its name in the same folder, or to a free one like it where that
 /// is taken; gives the name. Tries each twice, since what it mends must not fail for a passing error.

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <sys/stat.h>
 #include <utility>
 
 namespace brimlet {
@@ -47,9 +48,9 @@ Failure unlessGone(const PlatformError& error) {
 }
 
 /// The plan by which an entry is removed: the one made before where it is still of this entry.
-PlannedMove removalPlan(const WalkedEntry& entry, const FileStatus& status, const PlannedMove& planned) {
-    PlannedMove plan{{}, identityOf(status), {}, {}};
-    if (!status.isFolder())
+PlannedMove removalPlan(const WalkedEntry& entry, const EntryIdentity& reviewed, const PlannedMove& planned) {
+    PlannedMove plan{{}, identityOf(reviewed), {}, {}};
+    if (!S_ISDIR(reviewed.type))
         return plan;
     const std::string_view aside = lastPathComponent(planned.setAside);
     plan.setAside = entry.parent.pathOf(isScratchName(aside) ? std::string(aside) : scratchName());
@@ -61,8 +62,8 @@ bool isReviewed(FileSystemCalls& calls, const WalkedEntry& entry, const PlacedId
                 FileStatus& status) {
     const int folder = entry.parent.folder.number();
     FileStatus parent;
-    return calls.status(folder, "", parent) == 0 && parent.identity() == reviewed.folder &&
-           calls.status(folder, entry.name.c_str(), status) == 0 && status.identity() == reviewed.entry;
+    return calls.status(folder, "", parent) == 0 && reviewed.folder.isOf(parent.identity()) &&
+           calls.status(folder, entry.name.c_str(), status) == 0 && reviewed.entry.isOf(status.identity());
 }
 
 RemovalOutcome refusal(Failure why) {
@@ -97,7 +98,7 @@ Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path
         return errorFromErrno(-result);
     if (auto changed = changeSinceReview(m_calls, entry))
         return std::move(*changed);
-    if (folder.identity() != reviewed.folder)
+    if (!reviewed.folder.isOf(folder.identity()))
         return changedSinceReview();
     auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry));
     const std::vector<std::string_view> components = pathComponents(pinned->resolvedPath());
@@ -112,7 +113,7 @@ PlannedMove LinuxFileRemoval::planRemoval(std::string_view path, const PlacedIde
     FileStatus status;
     if (entry == nullptr || !isReviewed(m_calls, *entry, reviewed, status))
         return {};
-    return removalPlan(*entry, status, {});
+    return removalPlan(*entry, reviewed.entry, {});
 }
 
 PlannedMove LinuxFileRemoval::planTrashing(std::string_view path, const PlacedIdentity& reviewed,
@@ -131,7 +132,7 @@ PlannedMove LinuxFileRemoval::planTrashing(std::string_view path, const PlacedId
     if (errorIn(number) != nullptr)
         return {};
     last = *std::get_if<unsigned>(&number);
-    return {trash->pathOf(numberedName(entry->name, last)), identityOf(status), {}, {}};
+    return {trash->pathOf(numberedName(entry->name, last)), identityOf(reviewed.entry), {}, {}};
 }
 
 RemovalOutcome LinuxFileRemoval::remove(const PinnedEntry& pinned, const PlannedMove& planned,
@@ -143,7 +144,7 @@ RemovalOutcome LinuxFileRemoval::remove(const PinnedEntry& pinned, const Planned
         return refusal(errorFromErrno(-result));
     if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(entry.path())))
         return refusal(mountedInside());
-    const PlannedMove plan = removalPlan(entry, status, planned);
+    const PlannedMove plan = removalPlan(entry, *entry.reviewed, planned);
     if (auto refused = before(plan))
         return refusal(std::move(refused));
     if (auto changed = changeSinceReview(m_calls, entry))
@@ -206,9 +207,9 @@ Failure LinuxFileRemoval::moveBack(std::string_view trashPath, std::string_view 
     if (const int result = m_calls.status(entry.parent.folder.number(), entry.name.c_str(), status);
         result < 0)
         return errorFromErrno(-result);
-    if (arrived && *arrived != identityOf(status))
+    entry.reviewed = keptIdentity(m_calls, entry.parent.folder.number(), status);
+    if (arrived && *arrived != identityOf(*entry.reviewed))
         return notOurs("Something else has its name in the Trash now.");
-    entry.reviewed = status.identity();
     const Result<WalkedEntry> target = walkToEntry(m_calls, originalPath, MissingFolders::make);
     if (const PlatformError* error = errorIn(target))
         return *error;
@@ -230,7 +231,7 @@ Result<std::optional<FileIdentity>> LinuxFileRemoval::identity(std::string_view 
         return std::nullopt;
     if (result < 0)
         return errorFromErrno(-result);
-    return identityOf(status);
+    return identityOf(keptIdentity(m_calls, walkedEntry.parent.folder.number(), status));
 }
 
 Failure LinuxFileRemoval::removeScratch(std::string_view path, const std::stop_token& stop) {
