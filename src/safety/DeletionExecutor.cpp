@@ -1,7 +1,6 @@
 #include "safety/DeletionExecutor.h"
 
 #include "core/Localized.h"
-#include "core/walk/MeasureTree.h"
 #include "safety/history/HistoryFormat.h"
 
 #include <algorithm>
@@ -217,7 +216,7 @@ std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, con
     }
     if (outcome.isPartly) {
         HistoryEntry part = step.intent.entry;
-        part.size = std::max<std::int64_t>(step.request.size - measureTree(outcome.rest).bytes, 0);
+        part.size = outcome.freed;
         run.report.freed += part.size;
         run.parts.push_back(std::move(part));
     }

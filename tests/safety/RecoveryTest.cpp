@@ -84,7 +84,7 @@ public:
     PlannedMove planTrashing(std::string_view, const PlacedIdentity&, PlannedNumbers&) override { return {}; }
     RemovalOutcome remove(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
                           const std::stop_token&) override {
-        return {errorFromErrno(EIO), false, {}, {}};
+        return {errorFromErrno(EIO), false, 0, {}, {}};
     }
     Result<TrashArrival> moveToTrash(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
                                      const std::stop_token&) override {

@@ -72,6 +72,12 @@ RemovalOutcome refusal(Failure why) {
     return outcome;
 }
 
+RemovalOutcome outcomeOf(const TreeRemover& remover, const Failure& failure, std::string rest) {
+    return {failure,          failure && remover.hasRemoved(),
+            remover.freed(),  std::move(rest),
+            remover.stayed(), remover.stayedCount()};
+}
+
 bool isSameFolder(FileSystemCalls& calls, int one, int other) {
     FileStatus first;
     FileStatus second;
@@ -163,19 +169,16 @@ RemovalOutcome LinuxFileRemoval::removeSetAside(const WalkedEntry& entry, const 
     const int result = renameExclusively(m_calls, folder, entry.name, folder, aside);
     if (result == -EXDEV) { // a file system that can't rename this folder
         const Failure failure = remover.remove(folder, entry.name);
-        return {failure, failure && remover.hasRemoved(), entry.path(), remover.stayed(),
-                remover.stayedCount()};
+        return outcomeOf(remover, failure, entry.path());
     }
     if (result < 0)
         return refusal(errorFromErrno(-result));
     if (isAnotherThanReviewed(m_calls, entry, folder, aside))
-        return {
-            changedSinceReview(), false, returnRest(m_calls, entry, aside, changedSinceReview()).path, {}};
+        return outcomeOf(remover, changedSinceReview(),
+                         returnRest(m_calls, entry, aside, changedSinceReview()).path);
     const Failure failure = remover.remove(folder, aside);
-    if (!failure)
-        return {};
-    return {failure, remover.hasRemoved(), returnRest(m_calls, entry, aside, *failure).path, remover.stayed(),
-            remover.stayedCount()};
+    return outcomeOf(remover, failure,
+                     failure ? returnRest(m_calls, entry, aside, *failure).path : std::string());
 }
 
 Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, const PlannedMove& planned,
