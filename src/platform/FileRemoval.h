@@ -108,7 +108,7 @@ public:
                                   const BeforeMove& before, const std::stop_token& stop) = 0;
 
     /// Moves an entry into the user's Trash under its name or, when that is taken, under a free one. What
-    /// lies there already is refused.
+    /// lies there already is refused. Told to stop, a copy from another disk ends and is undone.
     /// planned   what planTrashing gave, or empty; followed where it still holds
     virtual Result<TrashArrival> moveToTrash(const PinnedEntry& entry, const PlannedMove& planned,
                                              const BeforeMove& before, const std::stop_token& stop) = 0;

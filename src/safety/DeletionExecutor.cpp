@@ -88,7 +88,9 @@ ExecutedRun DeletionExecutor::execute(const std::vector<DeletionRequest>& reques
         left = left.subspan(batch.size());
         for (Step& step : batch) {
             carryOut(step, judge, run, stop);
-            if (!step.isBegun)
+            if (!step.isBegun && step.isNoted && !stop.stop_requested())
+                run.journal->drop(step.intent.entry.id);
+            else if (!step.isBegun)
                 run.journal->close(step.intent.entry.id);
         }
     }
@@ -173,6 +175,7 @@ void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, ExecutedR
 Failure DeletionExecutor::begin(Step& step, const PlannedMove& move, RunJournal& journal) {
     if (!step.isNoted || move != step.intent.move) {
         step.intent.move = move;
+        step.intent.isBegun = true;
         Failure failure = journal.note({&step.intent, 1});
         step.isNoted = !failure;
         if (failure && step.intent.kind != IntentKind::remove)
@@ -218,7 +221,13 @@ std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, con
         HistoryEntry part = step.intent.entry;
         part.size = outcome.freed;
         run.report.freed += part.size;
+        Intent done = step.intent;
+        done.entry = part;
+        done.isDone = true;
+        (void)run.journal->note({&done, 1});
         run.parts.push_back(std::move(part));
+    } else if (outcome.rest.empty() || outcome.rest == pinned.resolvedPath()) {
+        run.journal->drop(step.intent.entry.id);
     }
     return reason(*outcome.failure) + stayedText(outcome, pinned.resolvedPath());
 }

@@ -206,7 +206,7 @@ Result<TrashArrival> EntryMove::copyAcross() {
 
 /// Copies the original into the scratch folder and gives the copy its name.
 Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest, PlannedMove plan) {
-    TreeCopier copier(m_calls, manifest);
+    TreeCopier copier(m_calls, manifest, m_stop);
     if (auto failure = copier.copy(m_source.parent.folder.number(), m_source.name, scratch, copyName))
         return std::move(*failure);
     // What served to find hard links goes before the copy counts as complete.

@@ -182,7 +182,7 @@ RemovalOutcome LinuxFileRemoval::removeSetAside(const WalkedEntry& entry, const 
 }
 
 Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, const PlannedMove& planned,
-                                                   const BeforeMove& before, const std::stop_token&) {
+                                                   const BeforeMove& before, const std::stop_token& stop) {
     const Result<WalkedFolder> opened = openTrash(m_calls, m_homeFolder);
     if (const PlatformError* error = errorIn(opened))
         return *error;
@@ -192,7 +192,7 @@ Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, co
         return notOurs("It is in the Trash already.");
     const std::string name(lastPathComponent(planned.destination));
     const bool isInTrash = !name.empty() && planned.destination == trash.pathOf(name);
-    return EntryMove(m_calls, m_mounts, entry, trash, before)
+    return EntryMove(m_calls, m_mounts, entry, trash, before, stop)
         .perform(entry.name, NameChoice::numbered, isInTrash ? name : std::string());
 }
 
