@@ -102,11 +102,12 @@ public:
 
     void run(const Paths& paths, Removal how) {
         std::vector<DeletionRequest> requests;
-        for (const std::string& path : paths) {
+        for (const std::string& path : paths)
             requests.push_back({Uuid::random(), path, 0, how});
-            if (const auto found = LinuxEntryLookup().find(path))
-                requests.back().identity = found->identity;
-        }
+        LinuxEntryLookup().findEach(paths, [&](std::size_t index, const std::optional<FoundEntry>& found) {
+            if (found)
+                requests[index].identity = found->identity;
+        });
         const ExecutedRun run = m_executor.execute(requests);
         m_history.record(run);
         if (run.report.deletedPaths.size() != paths.size())

@@ -90,11 +90,14 @@ public:
     /// Opens the folder that contains an entry. Refused when either is another than was reviewed. A relative
     /// path, one with "." or ".." in it or with a NUL byte is refused, and so is scratch of a move that is
     /// under way and what lies in it.
-    virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path,
-                                                     const PlacedIdentity& reviewed) = 0;
+    /// neighbour   pinned before, or null: an entry of the same folder is pinned through what that holds
+    /// open,
+    ///             as long as that was opened a moment ago
+    virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed,
+                                                     const PinnedEntry* neighbour) = 0;
 
     /// What remove() would do now with the entry at a path, so that many such plans are noted at once.
-    /// Changes nothing; empty when nothing can be told, and for what is another than was reviewed.
+    /// Changes nothing; empty when nothing can be told, and for a folder that is another than was reviewed.
     virtual PlannedMove planRemoval(std::string_view path, const PlacedIdentity& reviewed) = 0;
 
     /// The same for moveToTrash().

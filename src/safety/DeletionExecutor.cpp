@@ -83,11 +83,12 @@ ExecutedRun DeletionExecutor::execute(const std::vector<DeletionRequest>& reques
     run.journal = std::make_shared<RunJournal>(m_store);
     const RequestJudge judge(m_judge, m_places());
     std::span<const DeletionRequest> left(requests);
+    std::unique_ptr<PinnedEntry> last;
     while (!left.empty() && !stop.stop_requested()) {
         std::vector<Step> batch = nextBatch(left, judge, *run.journal);
         left = left.subspan(batch.size());
         for (Step& step : batch) {
-            carryOut(step, judge, run, stop);
+            carryOut(step, judge, last, run, stop);
             if (!step.isBegun && step.isNoted && !stop.stop_requested())
                 run.journal->drop(step.intent.entry.id);
             else if (!step.isBegun)
@@ -133,9 +134,10 @@ std::vector<DeletionExecutor::Step> DeletionExecutor::nextBatch(std::span<const 
 }
 
 /// Opens what a request names, if that is what was reviewed.
-Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest& request) {
+Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest& request,
+                                                           const PinnedEntry* neighbour) {
     if (request.identity)
-        return m_removal.pin(request.path, *request.identity);
+        return m_removal.pin(request.path, *request.identity, neighbour);
     // Nothing was there when it was reviewed.
     const auto now = m_removal.identity(request.path);
     if (const PlatformError* error = errorIn(now))
@@ -144,18 +146,20 @@ Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest
     return isThere ? changedSinceReview() : errorFromErrno(ENOENT);
 }
 
-void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, ExecutedRun& run,
-                                const std::stop_token& stop) {
+/// last   pinned by the item before, or empty; becomes what this one pins
+void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, std::unique_ptr<PinnedEntry>& last,
+                                ExecutedRun& run, const std::stop_token& stop) {
     const DeletionRequest& request = step.request;
     if (stop.stop_requested())
         return refuse(run.report.failures, request, localized(notBegun));
     std::optional<std::string> protectedBy = judge.protection(request);
     if (protectedBy)
         return refuse(run.report.skippedProtected, request, std::move(*protectedBy));
-    const Result<std::unique_ptr<PinnedEntry>> pinned = pin(request);
+    Result<std::unique_ptr<PinnedEntry>> pinned = pin(request, last.get());
     if (const PlatformError* error = errorIn(pinned))
         return refuse(run.report.failures, request, reason(*error));
-    const PinnedEntry& entry = **std::get_if<std::unique_ptr<PinnedEntry>>(&pinned);
+    last = valueOf(std::move(pinned));
+    const PinnedEntry& entry = *last;
     const auto before = [&](const PlannedMove& move) -> Failure {
         protectedBy = judge.protection(request, entry);
         Failure refused = protectedBy ? notAllowed(*protectedBy) : judge.refusal(request, entry);

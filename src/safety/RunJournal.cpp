@@ -74,20 +74,28 @@ bool isJournalName(std::string_view name) {
 }
 
 std::string intentText(const Intent& intent) {
-    Json object = Json::object();
-    object["kind"] = kindNames[static_cast<std::size_t>(intent.kind)];
-    object["entry"] = historyJson(intent.entry);
-    object["destination"] = jsonString(intent.move.destination);
-    object["identity"] = jsonString(intent.move.identity);
-    object["setAside"] = jsonString(intent.move.setAside);
-    object["scratch"] = Json::array();
-    for (const std::string& path : intent.move.scratch)
-        object["scratch"].push_back(jsonString(path));
-    if (intent.isBegun)
-        object[begunKey] = true;
-    if (intent.isDone)
-        object[doneKey] = true;
-    return "\n" + writeJson(object) + "\n";
+    std::string text = "\n{\"kind\":";
+    addJsonString(text, kindNames[static_cast<std::size_t>(intent.kind)]);
+    text += R"(,"entry":)";
+    addHistoryText(text, intent.entry);
+    for (const auto& [key, bytes] : {std::pair(R"(,"destination":)", &intent.move.destination),
+                                     std::pair(R"(,"identity":)", &intent.move.identity),
+                                     std::pair(R"(,"setAside":)", &intent.move.setAside)}) {
+        text += key;
+        addJsonString(text, *bytes);
+    }
+    text += R"(,"scratch":[)";
+    for (const std::string& path : intent.move.scratch) {
+        text += &path == &intent.move.scratch.front() ? "" : ",";
+        addJsonString(text, path);
+    }
+    text += ']';
+    for (const auto& [key, isSet] :
+         {std::pair(begunKey, intent.isBegun), std::pair(doneKey, intent.isDone)}) {
+        if (isSet)
+            text.append(",\"").append(key).append("\":true");
+    }
+    return text + "}\n";
 }
 
 std::string recordedText(const Uuid& entry) {

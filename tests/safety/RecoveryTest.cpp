@@ -78,7 +78,8 @@ public:
     std::string stuck; ///< scratch that can't be removed
     std::vector<std::string> asked;
 
-    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view, const PlacedIdentity&) override {
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view, const PlacedIdentity&,
+                                             const PinnedEntry*) override {
         return errorFromErrno(EIO);
     }
     PlannedMove planRemoval(std::string_view, const PlacedIdentity&) override { return {}; }

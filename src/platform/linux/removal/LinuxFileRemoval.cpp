@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <sys/stat.h>
 #include <utility>
 
@@ -20,18 +21,39 @@ namespace brimlet {
 
 namespace {
 
+/// For how long a folder that was opened stands for what its path leads to: no longer than a thread may have
+/// to wait for a core between two calls.
+constexpr std::chrono::milliseconds moment(10);
+
+using Clock = std::chrono::steady_clock;
+
 class LinuxPinnedEntry : public PinnedEntry {
 public:
-    explicit LinuxPinnedEntry(WalkedEntry entry)
+    /// askedFolder      as the path of the entry calls it
+    /// folderIdentity   as it was reviewed
+    LinuxPinnedEntry(WalkedEntry entry, std::string_view askedFolder, const EntryIdentity& folderIdentity,
+                     Clock::time_point opened)
         : m_entry(std::move(entry))
-        , m_path(m_entry.path()) {}
+        , m_path(m_entry.path())
+        , m_askedFolder(askedFolder)
+        , m_folderIdentity(folderIdentity)
+        , m_opened(opened) {}
 
     const std::string& resolvedPath() const override { return m_path; }
     const WalkedEntry& entry() const { return m_entry; }
+    Clock::time_point opened() const { return m_opened; }
+
+    bool isIn(std::string_view askedFolder, const EntryIdentity& folderIdentity) const {
+        return m_askedFolder == askedFolder && m_folderIdentity == folderIdentity &&
+               Clock::now() - m_opened < moment;
+    }
 
 private:
     WalkedEntry m_entry;
     std::string m_path;
+    std::string m_askedFolder;
+    EntryIdentity m_folderIdentity;
+    Clock::time_point m_opened;
 };
 
 const WalkedEntry& walked(const PinnedEntry& entry) {
@@ -92,21 +114,32 @@ LinuxFileRemoval::LinuxFileRemoval(std::string homeFolder, FileSystemCalls& call
     , m_calls(calls)
     , m_threads(threads) {}
 
-Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path,
-                                                           const PlacedIdentity& reviewed) {
-    Result<WalkedEntry> walk = walkToEntry(m_calls, path);
-    if (const PlatformError* error = errorIn(walk))
-        return *error;
-    WalkedEntry entry = valueOf(std::move(walk));
-    entry.reviewed = reviewed.entry;
-    FileStatus folder;
-    if (const int result = m_calls.status(entry.parent.folder.number(), "", folder); result < 0)
-        return errorFromErrno(-result);
+Result<std::unique_ptr<PinnedEntry>>
+LinuxFileRemoval::pin(std::string_view path, const PlacedIdentity& reviewed, const PinnedEntry* neighbour) {
+    const auto* beside = static_cast<const LinuxPinnedEntry*>(neighbour);
+    const std::string_view name = lastPathComponent(path);
+    const std::string_view askedFolder = path.substr(0, path.size() - name.size());
+    Clock::time_point opened = Clock::now();
+    WalkedEntry entry;
+    if (beside != nullptr && !name.empty() && !refusalOfForm(path) &&
+        beside->isIn(askedFolder, reviewed.folder)) {
+        entry = {beside->entry().parent, std::string(name), reviewed.entry};
+        opened = beside->opened();
+    } else {
+        Result<WalkedEntry> walk = walkToEntry(m_calls, path);
+        if (const PlatformError* error = errorIn(walk))
+            return *error;
+        entry = valueOf(std::move(walk));
+        entry.reviewed = reviewed.entry;
+        FileStatus folder;
+        if (const int result = m_calls.status(entry.parent.folder.number(), "", folder); result < 0)
+            return errorFromErrno(-result);
+        if (!reviewed.folder.isOf(folder.identity()))
+            return changedSinceReview();
+    }
     if (auto changed = changeSinceReview(m_calls, entry))
         return std::move(*changed);
-    if (!reviewed.folder.isOf(folder.identity()))
-        return changedSinceReview();
-    auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry));
+    auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry), askedFolder, reviewed.folder, opened);
     const std::vector<std::string_view> components = pathComponents(pinned->resolvedPath());
     if (std::any_of(components.begin(), components.end(), isScratchName))
         return notOurs("This belongs to a removal that is under way.");
@@ -114,6 +147,8 @@ Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path
 }
 
 PlannedMove LinuxFileRemoval::planRemoval(std::string_view path, const PlacedIdentity& reviewed) {
+    if (!S_ISDIR(reviewed.entry.type)) // looked at in its turn; until then no name has to be found for it
+        return removalPlan({}, reviewed.entry, {});
     const Result<WalkedEntry> walked = walkToEntry(m_calls, path);
     const auto* entry = std::get_if<WalkedEntry>(&walked);
     FileStatus status;
@@ -144,20 +179,37 @@ PlannedMove LinuxFileRemoval::planTrashing(std::string_view path, const PlacedId
 RemovalOutcome LinuxFileRemoval::remove(const PinnedEntry& pinned, const PlannedMove& planned,
                                         const BeforeMove& before, const std::stop_token& stop) {
     const WalkedEntry& entry = walked(pinned);
-    const int folder = entry.parent.folder.number();
+    if (!S_ISDIR(entry.reviewed->type))
+        return removeFile(entry, before);
     FileStatus status;
-    if (const int result = m_calls.status(folder, entry.name.c_str(), status); result < 0)
+    if (const int result = m_calls.status(entry.parent.folder.number(), entry.name.c_str(), status);
+        result < 0)
         return refusal(errorFromErrno(-result));
-    if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(entry.path())))
+    if (status.isMountPoint || m_mounts.holdsBelow(entry.path()))
         return refusal(mountedInside());
     const PlannedMove plan = removalPlan(entry, *entry.reviewed, planned);
     if (auto refused = before(plan))
         return refusal(std::move(refused));
     if (auto changed = changeSinceReview(m_calls, entry))
         return refusal(std::move(changed));
-    if (status.isFolder())
-        return removeSetAside(entry, std::string(lastPathComponent(plan.setAside)), stop);
-    return refusal(TreeRemover(m_calls).remove(folder, entry.name));
+    return removeSetAside(entry, std::string(lastPathComponent(plan.setAside)), stop);
+}
+
+/// What is no folder. It is looked at once, as the last thing before it goes.
+RemovalOutcome LinuxFileRemoval::removeFile(const WalkedEntry& entry, const BeforeMove& before) {
+    if (auto refused = before(removalPlan(entry, *entry.reviewed, {})))
+        return refusal(std::move(refused));
+    const int folder = entry.parent.folder.number();
+    FileStatus status;
+    int result = m_calls.status(folder, entry.name.c_str(), status);
+    if (result < 0)
+        return refusal(errorFromErrno(-result));
+    if (!entry.reviewed->isOf(status.identity()))
+        return refusal(changedSinceReview());
+    if (status.isMountPoint)
+        return refusal(mountedInside());
+    result = m_calls.unlink(folder, entry.name.c_str(), 0);
+    return refusal(result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt);
 }
 
 // A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing

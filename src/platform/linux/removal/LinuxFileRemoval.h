@@ -19,7 +19,8 @@ public:
     LinuxFileRemoval(std::string homeFolder, FileSystemCalls& calls,
                      RemovalThreads threads = usualRemovalThreads());
 
-    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed) override;
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed,
+                                             const PinnedEntry* neighbour) override;
     PlannedMove planRemoval(std::string_view path, const PlacedIdentity& reviewed) override;
     PlannedMove planTrashing(std::string_view path, const PlacedIdentity& reviewed,
                              PlannedNumbers& numbers) override;
@@ -34,6 +35,7 @@ public:
     Failure returnToPlace(std::string_view setAside, std::string_view originalPath) override;
 
 private:
+    RemovalOutcome removeFile(const WalkedEntry& entry, const BeforeMove& before);
     RemovalOutcome removeSetAside(const WalkedEntry& entry, const std::string& aside,
                                   const std::stop_token& stop);
 
