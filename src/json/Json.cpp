@@ -147,8 +147,14 @@ std::string writeJson(const Json& document, JsonLayout layout) {
 void addJsonString(std::string& text, std::string_view bytes) {
     constexpr std::string_view escaped = "\"\\\b\f\n\r\t";
     constexpr std::string_view letters = "\"\\bfnrt";
+    const auto isPlain = [](char byte) { return byte >= 0x20 && byte < 0x7f && byte != '"' && byte != '\\'; };
     text += '"';
     while (!bytes.empty()) {
+        const auto plain = std::find_if_not(bytes.begin(), bytes.end(), isPlain) - bytes.begin();
+        text += bytes.substr(0, static_cast<std::size_t>(plain));
+        bytes.remove_prefix(static_cast<std::size_t>(plain));
+        if (bytes.empty())
+            break;
         const char first = bytes.front();
         const std::size_t length = sequenceLength(bytes);
         if (const std::size_t known = escaped.find(first); known != std::string_view::npos) {

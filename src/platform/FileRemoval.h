@@ -16,7 +16,7 @@
 // 6. Before the first rename the caller is told where the entry goes; if the caller cannot note that down,
 //    nothing happens. What was planned before is a forecast: the caller is told again, and of what has
 //    changed.
-// 7. What leaves its place is what was reviewed. It is compared when it is pinned, and again as the last
+// 7. What leaves its place is what was reviewed. Its folder is compared when it is pinned, it as the last
 //    thing before the rename or removal and the first thing after a rename; what differs stays, or goes back.
 // Callable from any thread; calls block on the disk.
 #pragma once
@@ -87,7 +87,7 @@ class FileRemoval {
 public:
     virtual ~FileRemoval() = default;
 
-    /// Opens the folder that contains an entry. Refused when either is another than was reviewed. A relative
+    /// Opens the folder that contains an entry. Refused when that is another than was reviewed. A relative
     /// path, one with "." or ".." in it or with a NUL byte is refused, and so is scratch of a move that is
     /// under way and what lies in it.
     /// neighbour   pinned before, or null: an entry of the same folder is pinned through what that holds

@@ -91,6 +91,8 @@ Result<TrashArrival> EntryMove::perform(const std::string& name, NameChoice choi
     const int found = m_calls.status(m_source.parent.folder.number(), m_source.name.c_str(), status);
     if (found < 0)
         return errorFromErrno(-found);
+    if (m_source.reviewed && !m_source.reviewed->isOf(status.identity()))
+        return changedSinceReview();
     if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(m_source.path())))
         return mountedInside();
     const PlannedMove plan{{}, identityOf(m_source.reviewed.value_or(status.identity())), {}, {}};

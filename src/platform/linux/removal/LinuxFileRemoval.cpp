@@ -137,7 +137,8 @@ LinuxFileRemoval::pin(std::string_view path, const PlacedIdentity& reviewed, con
         if (!reviewed.folder.isOf(folder.identity()))
             return changedSinceReview();
     }
-    if (auto changed = changeSinceReview(m_calls, entry))
+    // What is no folder is looked at by each step that it goes through.
+    if (auto changed = S_ISDIR(reviewed.entry.type) ? changeSinceReview(m_calls, entry) : Failure())
         return std::move(*changed);
     auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry), askedFolder, reviewed.folder, opened);
     const std::vector<std::string_view> components = pathComponents(pinned->resolvedPath());
