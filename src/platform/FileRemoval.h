@@ -8,14 +8,15 @@
 // 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it;
 //    what could not be removed afterwards returns to its place, or beside it under a free name where that
 //    has been taken meanwhile, and is reported. A folder that its file system can't rename, as one of an
-//    overlay's lower layers, goes entry by entry from its place.
+//    overlay's lower layers, goes entry by entry from its place, and so does one whose other name the caller
+//    can't note down.
 // 4. Nothing is ever overwritten: every rename that gives something a name is exclusive.
 // 5. What is moved to another device is copied completely and synced before its original leaves its place,
 //    and nothing that is not in the copy is removed from the original. Where the original can't leave or the
 //    other disk has no room for it, nothing is copied.
 // 6. Before the first rename the caller is told where the entry goes; if the caller cannot note that down,
-//    nothing happens. What was planned before is a forecast: the caller is told again, and of what has
-//    changed.
+//    nothing happens, or it is asked about another way. What was planned before is a forecast: the caller is
+//    told again, and of what has changed.
 // 7. What leaves its place is what was reviewed. Its folder is compared when it is pinned, it as the last
 //    thing before the rename or removal and the first thing after a rename; what differs stays, or goes back.
 // Callable from any thread; calls block on the disk.
@@ -127,6 +128,10 @@ public:
     /// Removes scratch that an interrupted move left. Only what bears a scratch name is touched. Gone already
     /// counts as done where its folder is there to tell.
     virtual Failure removeScratch(std::string_view path, const std::stop_token& stop) = 0;
+
+    /// Ends a move of a file that was interrupted between its two names, as it is made where no rename is
+    /// exclusive: takes the old one away. Does nothing unless both are names of one file.
+    virtual Failure dropOldName(std::string_view oldPath, std::string_view newPath) = 0;
 
     /// Gives what an interrupted removal or move left set aside its name back, or a free one like it where
     /// that is taken, in the folder where it lies. Only what bears a scratch name is touched. Gone already

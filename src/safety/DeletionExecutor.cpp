@@ -175,14 +175,14 @@ void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, std::uniq
 }
 
 /// Notes what is about to happen, unless it has been noted just so. Of a removal there is no way back to
-/// lose, and on a full disk it must not need space first.
+/// lose, and on a full disk it must not need space first: it goes on unnoted where nothing is set aside.
 Failure DeletionExecutor::begin(Step& step, const PlannedMove& move, RunJournal& journal) {
     if (!step.isNoted || move != step.intent.move) {
         step.intent.move = move;
         step.intent.isBegun = true;
         Failure failure = journal.note({&step.intent, 1});
         step.isNoted = !failure;
-        if (failure && step.intent.kind != IntentKind::remove)
+        if (failure && (step.intent.kind != IntentKind::remove || !move.setAside.empty()))
             return failure;
     }
     step.isBegun = true;

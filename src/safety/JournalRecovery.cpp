@@ -128,7 +128,10 @@ bool JournalRecovery::completeMove(const Intent& intent, RecoveredEntries& found
     if (*there != intent.move.identity)
         return true;
     HistoryEntry entry = intent.entry;
-    if (intent.kind == IntentKind::restore) {
+    const bool isRestore = intent.kind == IntentKind::restore;
+    const std::string& from = isRestore ? entry.trashPath.value_or(std::string()) : entry.originalPath;
+    (void)m_removal.dropOldName(from, intent.move.destination);
+    if (isRestore) {
         found.restored.push_back(entry.id);
         return true;
     }

@@ -3,7 +3,7 @@
 
 #include "platform/linux/KeptIdentity.h"
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/Program.h"

@@ -1,6 +1,6 @@
 // Moves between disks: copies that are whole and on the disk before their original goes.
 
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/TreeSnapshot.h"

@@ -1,7 +1,7 @@
 // What the history does when its own folder, or the disk of an item, refuses it.
 
 #include "core/walk/MeasureTree.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "safety/history/HistoryFormat.h"
 #include "safety/JournalRecovery.h"
 #include "support/DeletionStage.h"
@@ -101,6 +101,7 @@ public:
         asked.push_back("remove " + std::string(path));
         return path == stuck ? Failure(errorFromErrno(EIO)) : std::nullopt;
     }
+    Failure dropOldName(std::string_view, std::string_view) override { return errorFromErrno(EIO); }
     Failure returnToPlace(std::string_view setAside, std::string_view place) override {
         asked.push_back(std::string(setAside) + " to " + std::string(place));
         return std::nullopt;
@@ -307,6 +308,30 @@ TEST(JournalRecovery, whatTheUserRemovedAfterACrashIsNotCalledDeleted) {
     EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(),
               (std::vector<HistoryEntry>{first.entry, second.entry, begun.entry}));
     EXPECT_FALSE(hasJournal(stage));
+}
+
+/// Where no rename is exclusive, a file has both names for a moment.
+TEST(JournalRecovery, aMoveThatDiedBetweenItsTwoNamesIsEnded) {
+    for (const bool isRestore : {false, true}) {
+        DeletionStage stage;
+        stage.tree.fileWithText("home/file", "text");
+        stage.tree.directory("home/.Trash");
+        stage.tree.hardLink("home/.Trash/file", "home/file");
+        stage.tree.hardLink("home/other name", "home/file");
+        const FileIdentity identity = *valueOf(stage.removal.identity(stage.trash("file")));
+        HistoryEntry entry = entryOf(stage.home("file"));
+        if (isRestore)
+            entry.trashPath = stage.trash("file");
+        leaveJournal(stage,
+                     intentText({isRestore ? IntentKind::restore : IntentKind::trash,
+                                 entry,
+                                 {isRestore ? stage.home("file") : stage.trash("file"), identity, {}, {}}}));
+        (void)DeletionHistory(stage.store, stage.removal);
+        EXPECT_EQ(stage.tree.exists("home/file"), isRestore);
+        EXPECT_EQ(stage.tree.exists("home/.Trash/file"), !isRestore);
+        EXPECT_TRUE(stage.tree.exists("home/other name"));
+        EXPECT_FALSE(hasJournal(stage));
+    }
 }
 
 TEST(JournalRecovery, anOriginalSetAsideWaitsForItsDisk) {

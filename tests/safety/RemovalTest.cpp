@@ -3,7 +3,8 @@
 #include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
+#include "platform/ThreadPriority.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/RandomTree.h"
@@ -15,9 +16,12 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <set>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace brimlet::test {
@@ -301,6 +305,87 @@ TEST(Removal, aRestWhoseNameWasTakenIsReportedUnderAnother) {
             stage.home("item 2"));
     EXPECT_TRUE(stage.tree.exists("home/item 2/stuck/file"));
     EXPECT_FALSE(stage.hasScratch());
+}
+
+/// Nobody could find again what is set aside without a note of it.
+TEST(Removal, whatCannotBeNotedGoesFromItsPlace) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/kept/file", "text");
+    stage.tree.fileWithText("home/item/gone", "text");
+    stage.tree.fileWithText("home/other/file", "text");
+    bool isRenamed = false;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        const std::string_view name = call.call;
+        isRenamed = isRenamed || name == "rename";
+        if (name == "write" || (name == "unlink" && std::string_view(call.name) == "file" &&
+                                pathOf(call.folder).ends_with("kept")))
+            stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent),
+                                DeletionStage::request(stage.home("other"), Removal::permanent)});
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    EXPECT_FALSE(isRenamed);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_EQ(run.report.failures.front().reason, "Protected by macOS or in use. Still there: kept/file.");
+    EXPECT_EQ(run.report.deletedPaths, std::vector<std::string>{stage.home("other")});
+    EXPECT_TRUE(stage.tree.exists("home/item/kept/file"));
+    EXPECT_FALSE(stage.tree.exists("home/item/gone"));
+}
+
+TEST(Removal, whatTakesAFoldersPlaceWhenItGoesInItStays) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/file", "text");
+    stage.tree.fileWithText("home/Documents/file", "precious");
+    int looks = 0;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        const std::string_view name = call.call;
+        if (name == "write")
+            stage.calls.failAt(1, ENOSPC);
+        if (name != "open" || std::string_view(call.name) != "item" || ++looks > 1)
+            return;
+        fs::rename(stage.home("item"), stage.home("Away"));
+        fs::rename(stage.home("Documents"), stage.home("item"));
+    };
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent)});
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    EXPECT_EQ(looks, 1);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_TRUE(run.report.failures.front().reason.starts_with("It has changed since it was reviewed."));
+    EXPECT_TRUE(stage.tree.exists("home/item/file"));
+    EXPECT_TRUE(stage.tree.exists("home/Away/file"));
+}
+
+/// In the window's process removals run on threads that give way to it; the command line's don't.
+TEST(Removal, itsThreadsGiveWayAsTheirCallerDoes) {
+    for (const bool yields : {true, false}) {
+        DeletionStage stage;
+        LinuxFileRemoval removal(stage.home(), stage.calls, {3, 0});
+        for (int i = 0; i < 60; ++i)
+            stage.tree.file("home/item/" + std::to_string(i) + "/file", 16);
+        std::set<std::thread::id> threads; // filled under the calls' lock
+        std::set<int> policies;
+        stage.calls.onCall = [&](const SystemCall&) {
+            threads.insert(std::this_thread::get_id());
+            policies.insert(sched_getscheduler(0));
+            std::this_thread::sleep_for(std::chrono::microseconds(200)); // leaves the others something to do
+        };
+        std::thread([&] {
+            if (yields)
+                yieldToTheWindow();
+            const PlacedIdentity reviewed = LinuxEntryLookup().find(stage.home("item"))->identity;
+            const auto pinned = valueOf(removal.pin(stage.home("item"), reviewed, nullptr));
+            EXPECT_FALSE(
+                removal.remove(*pinned, {}, [](const PlannedMove&) { return Failure(); }, {}).failure);
+        }).join();
+        EXPECT_GT(threads.size(), 1U);
+        EXPECT_EQ(policies, std::set<int>{yields ? SCHED_BATCH : SCHED_OTHER});
+    }
 }
 
 TEST(Removal, whatBelongsToAnotherMoveIsNoItem) {

@@ -8,9 +8,9 @@
 #include "platform/linux/removal/FreeName.h"
 #include "platform/linux/removal/NumberedName.h"
 #include "platform/linux/removal/ReviewedEntry.h"
-#include "platform/linux/removal/ScratchName.h"
 #include "platform/linux/removal/TreeCopier.h"
 #include "platform/linux/removal/TreeRemover.h"
+#include "platform/ScratchName.h"
 
 #include <cerrno>
 #include <fcntl.h>

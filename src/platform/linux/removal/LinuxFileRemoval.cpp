@@ -8,8 +8,8 @@
 #include "platform/linux/removal/FreeName.h"
 #include "platform/linux/removal/NumberedName.h"
 #include "platform/linux/removal/ReviewedEntry.h"
-#include "platform/linux/removal/ScratchName.h"
 #include "platform/linux/removal/TrashFolder.h"
+#include "platform/ScratchName.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -188,11 +188,17 @@ RemovalOutcome LinuxFileRemoval::remove(const PinnedEntry& pinned, const Planned
         return refusal(errorFromErrno(-result));
     if (status.isMountPoint || m_mounts.holdsBelow(entry.path()))
         return refusal(mountedInside());
-    const PlannedMove plan = removalPlan(entry, *entry.reviewed, planned);
-    if (auto refused = before(plan))
-        return refusal(std::move(refused));
+    PlannedMove plan = removalPlan(entry, *entry.reviewed, planned);
+    const bool isNoted = !before(plan);
+    if (!isNoted) { // without a note nobody would find what is set aside
+        plan.setAside.clear();
+        if (auto refused = before(plan))
+            return refusal(std::move(refused));
+    }
     if (auto changed = changeSinceReview(m_calls, entry))
         return refusal(std::move(changed));
+    if (!isNoted)
+        return removeInPlace(entry, stop);
     return removeSetAside(entry, std::string(lastPathComponent(plan.setAside)), stop);
 }
 
@@ -213,6 +219,12 @@ RemovalOutcome LinuxFileRemoval::removeFile(const WalkedEntry& entry, const Befo
     return refusal(result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt);
 }
 
+RemovalOutcome LinuxFileRemoval::removeInPlace(const WalkedEntry& entry, const std::stop_token& stop) {
+    TreeRemover remover(m_calls, {nullptr, m_threads, stop, entry.reviewed});
+    const Failure failure = remover.remove(entry.parent.folder.number(), entry.name);
+    return outcomeOf(remover, failure, entry.path());
+}
+
 // A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing
 // has been lost; when the process dies, the rest is found under the noted name.
 RemovalOutcome LinuxFileRemoval::removeSetAside(const WalkedEntry& entry, const std::string& aside,
@@ -220,10 +232,8 @@ RemovalOutcome LinuxFileRemoval::removeSetAside(const WalkedEntry& entry, const 
     const int folder = entry.parent.folder.number();
     TreeRemover remover(m_calls, {nullptr, m_threads, stop});
     const int result = renameExclusively(m_calls, folder, entry.name, folder, aside);
-    if (result == -EXDEV) { // a file system that can't rename this folder
-        const Failure failure = remover.remove(folder, entry.name);
-        return outcomeOf(remover, failure, entry.path());
-    }
+    if (result == -EXDEV) // a file system that can't rename this folder
+        return removeInPlace(entry, stop);
     if (result < 0)
         return refusal(errorFromErrno(-result));
     if (isAnotherThanReviewed(m_calls, entry, folder, aside))
@@ -300,6 +310,24 @@ Failure LinuxFileRemoval::removeScratch(std::string_view path, const std::stop_t
     const Failure failure =
         TreeRemover(m_calls, {nullptr, m_threads, stop}).remove(scratch.parent.folder.number(), scratch.name);
     return failure ? unlessGone(*failure) : std::nullopt;
+}
+
+Failure LinuxFileRemoval::dropOldName(std::string_view oldPath, std::string_view newPath) {
+    const Result<WalkedEntry> one = walkToEntry(m_calls, oldPath);
+    const Result<WalkedEntry> other = walkToEntry(m_calls, newPath);
+    const auto* from = std::get_if<WalkedEntry>(&one);
+    const auto* to = std::get_if<WalkedEntry>(&other);
+    if (from == nullptr || to == nullptr)
+        return std::nullopt;
+    FileStatus left;
+    FileStatus arrived;
+    const int folder = from->parent.folder.number();
+    if (m_calls.status(folder, from->name.c_str(), left) < 0 ||
+        m_calls.status(to->parent.folder.number(), to->name.c_str(), arrived) < 0 ||
+        !left.isSameFile(arrived) || left.isFolder() || left.links < 2)
+        return std::nullopt;
+    const int result = m_calls.unlink(folder, from->name.c_str(), 0);
+    return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
 }
 
 Failure LinuxFileRemoval::returnToPlace(std::string_view setAside, std::string_view originalPath) {

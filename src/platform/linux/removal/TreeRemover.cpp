@@ -1,6 +1,7 @@
 #include "platform/linux/removal/TreeRemover.h"
 
 #include "core/Localized.h"
+#include "platform/FileRemoval.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -20,15 +21,18 @@ namespace {
 // not for ever.
 constexpr int mostPasses = 8;
 
-constexpr std::size_t mostNames = 3; // that are told of what stayed
-constexpr int otherDevice = -EXDEV;  // stands for mountedInside()
-constexpr int stopped = -ECANCELED;  // stands for stoppedByUser()
-constexpr int laterAsFolder = 1;     // an entry that proved to be a folder
+constexpr std::size_t mostNames = 3;   // that are told of what stayed
+constexpr int otherDevice = -EXDEV;    // stands for mountedInside()
+constexpr int stopped = -ECANCELED;    // stands for stoppedByUser()
+constexpr int anotherFolder = -ESTALE; // stands for changedSinceReview()
+constexpr int laterAsFolder = 1;       // an entry that proved to be a folder
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK;
 
 PlatformError errorOf(int result) {
     if (result == otherDevice)
         return mountedInside();
+    if (result == anotherFolder)
+        return changedSinceReview();
     return result == stopped ? stoppedByUser() : errorFromErrno(-result);
 }
 
@@ -246,7 +250,11 @@ void TreeRemover::enter(Hand& hand, const FolderJob& job) {
     folder->depth = job.above->depth + 1;
     folder->passes = job.folder.passes;
     folder->opened = std::make_shared<const Descriptor>(m_calls, opened);
-    if (const int result = checkFolder(opened, folder->status); result < 0) {
+    int result = checkFolder(opened, folder->status);
+    if (result == 0 && folder->depth == 1 && m_terms.reviewed &&
+        !m_terms.reviewed->isOf(folder->status.identity()))
+        result = anotherFolder;
+    if (result < 0) {
         fail(*job.above, job.folder.name, result);
         return finish(hand, job.above);
     }

@@ -36,7 +36,8 @@ RemovalThreads usualRemovalThreads();
 struct RemovalTerms {
     const CopyManifest* copied = nullptr; ///< when given, files that it does not hold stay
     RemovalThreads threads;
-    std::stop_token stop; ///< asked between any two entries
+    std::stop_token stop;                                 ///< asked between any two entries
+    std::optional<EntryIdentity> reviewed = std::nullopt; ///< when given, a folder that is another stays
 };
 
 class TreeRemover {
