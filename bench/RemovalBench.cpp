@@ -1,5 +1,7 @@
 // Removal beside `rm -rf`, alternating, each through the whole engine with its journal and its history; and
-// moves to the Trash on the same device. Usage: removal-bench FOLDER [ROUNDS]; FOLDER is made and removed.
+// moves to the Trash on the same device. Usage: removal-bench FOLDER [ROUNDS] [ROW]; FOLDER is made and
+// removed, ROW is a part of the name of those to run. Beside the time stands the processor's, which a busy
+// machine changes less.
 
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/removal/LinuxFileRemoval.h"
@@ -17,6 +19,7 @@
 #include <functional>
 #include <spawn.h>
 #include <string>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -40,10 +43,28 @@ void makeTree(const std::string& top, int folders, int files) {
     }
 }
 
-double secondsOf(const std::function<void()>& work) {
+struct Seconds {
+    double elapsed = 0;
+    double processor = 0; ///< of this process and of those that it has started
+};
+
+double processorSeconds() {
+    double seconds = 0;
+    for (const int who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage used{};
+        getrusage(who, &used);
+        for (const timeval& time : {used.ru_utime, used.ru_stime})
+            seconds += static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    }
+    return seconds;
+}
+
+Seconds secondsOf(const std::function<void()>& work) {
+    const double used = processorSeconds();
     const auto start = std::chrono::steady_clock::now();
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const double elapsed = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return {elapsed, processorSeconds() - used};
 }
 
 void runRm(const Paths& paths) {
@@ -58,7 +79,10 @@ void runRm(const Paths& paths) {
         waitpid(process, nullptr, 0);
 }
 
-double median(std::vector<double> values) {
+double median(const std::vector<Seconds>& runs, double Seconds::*which) {
+    std::vector<double> values;
+    for (const Seconds& run : runs)
+        values.push_back(run.*which);
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
 }
@@ -79,11 +103,12 @@ public:
 
     void run(const Paths& paths, Removal how) {
         std::vector<DeletionRequest> requests;
-        for (const std::string& path : paths) {
+        for (const std::string& path : paths)
             requests.push_back({Uuid::random(), path, 0, how});
-            if (const auto found = LinuxEntryLookup().find(path))
-                requests.back().identity = found->identity;
-        }
+        LinuxEntryLookup().findEach(paths, [&](std::size_t index, const std::optional<FoundEntry>& found) {
+            if (found)
+                requests[index].identity = found->identity;
+        });
         const ExecutedRun run = m_executor.execute(requests);
         m_history.record(run);
         if (run.report.deletedPaths.size() != paths.size())
@@ -136,7 +161,7 @@ Row oneTree(const char* what, int folders, int files) {
             }};
 }
 
-void benchForGood(const std::string& folder, int rounds) {
+void benchForGood(const std::string& folder, int rounds, const std::string& only) {
     const Row rows[] = {
         oneTree("one tree of 200,000 files in 2,000 folders", 2000, 100),
         oneTree("one tree of 40,000 folders", 40000, 0),
@@ -147,10 +172,12 @@ void benchForGood(const std::string& folder, int rounds) {
     };
     Engine engine(folder);
     for (const Row& row : rows) {
-        std::vector<double> ours;
-        std::vector<double> rm;
+        if (std::string(row.what).find(only) == std::string::npos)
+            continue;
+        std::vector<Seconds> ours;
+        std::vector<Seconds> rm;
         for (int round = 0; round < rounds; ++round) {
-            const auto measure = [&](std::vector<double>& seconds,
+            const auto measure = [&](std::vector<Seconds>& seconds,
                                      const std::function<void(const Paths&)>& work) {
                 const Paths paths = row.make(folder);
                 sync();
@@ -159,13 +186,17 @@ void benchForGood(const std::string& folder, int rounds) {
             measure(ours, [&](const Paths& paths) { engine.run(paths, Removal::permanent); });
             measure(rm, runRm);
         }
-        std::printf("%-45s %7.3f s, rm -rf %7.3f s, ratio %.2f\n", row.what, median(ours), median(rm),
-                    median(ours) / median(rm));
+        std::printf("%-45s", row.what);
+        for (const auto which : {&Seconds::elapsed, &Seconds::processor})
+            std::printf(" %s%7.3f s, rm -rf %7.3f s, ratio %.2f",
+                        which == &Seconds::elapsed ? "" : "| processor ", median(ours, which),
+                        median(rm, which), median(ours, which) / median(rm, which));
+        std::puts("");
         std::fflush(stdout);
     }
 }
 
-void benchTrash(const std::string& folder) {
+void benchTrash(const std::string& folder, const std::string& only) {
     const Row rows[] = {
         oneTree("to the Trash: one tree of 200,000 files", 2000, 100),
         {"to the Trash: 10,000 items", [](const auto& at) { return makeItems(at, 10000, 0); }},
@@ -173,9 +204,12 @@ void benchTrash(const std::string& folder) {
     };
     Engine engine(folder);
     for (const Row& row : rows) {
+        if (std::string(row.what).find(only) == std::string::npos)
+            continue;
         const Paths paths = row.make(folder);
         sync();
-        std::printf("%-45s %7.3f s\n", row.what, secondsOf([&] { engine.run(paths, Removal::trash); }));
+        const Seconds seconds = secondsOf([&] { engine.run(paths, Removal::trash); });
+        std::printf("%-45s %7.3f s | processor %7.3f s\n", row.what, seconds.elapsed, seconds.processor);
         std::fflush(stdout);
     }
 }
@@ -186,13 +220,14 @@ void benchTrash(const std::string& folder) {
 int main(int argc, char** argv) {
     constexpr int usualRounds = 5;
     if (argc < 2) {
-        std::fprintf(stderr, "usage: removal-bench FOLDER [ROUNDS]\n");
+        std::fprintf(stderr, "usage: removal-bench FOLDER [ROUNDS] [ROW]\n");
         return 2;
     }
     const std::string folder = argv[1];
     std::filesystem::create_directories(folder);
-    brimlet::benchForGood(folder, argc > 2 ? std::max(1, std::atoi(argv[2])) : usualRounds);
-    brimlet::benchTrash(folder);
+    const std::string only = argc > 3 ? argv[3] : "";
+    brimlet::benchForGood(folder, argc > 2 ? std::max(1, std::atoi(argv[2])) : usualRounds, only);
+    brimlet::benchTrash(folder, only);
     std::filesystem::remove_all(folder);
     return 0;
 }

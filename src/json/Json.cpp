@@ -144,6 +144,34 @@ std::string writeJson(const Json& document, JsonLayout layout) {
                         [](unsigned char byte) { return "\\udc" + hexDigits(byte); });
 }
 
+void addJsonString(std::string& text, std::string_view bytes) {
+    constexpr std::string_view escaped = "\"\\\b\f\n\r\t";
+    constexpr std::string_view letters = "\"\\bfnrt";
+    const auto isPlain = [](char byte) { return byte >= 0x20 && byte < 0x7f && byte != '"' && byte != '\\'; };
+    text += '"';
+    while (!bytes.empty()) {
+        const auto plain = std::find_if_not(bytes.begin(), bytes.end(), isPlain) - bytes.begin();
+        text += bytes.substr(0, static_cast<std::size_t>(plain));
+        bytes.remove_prefix(static_cast<std::size_t>(plain));
+        if (bytes.empty())
+            break;
+        const char first = bytes.front();
+        const std::size_t length = sequenceLength(bytes);
+        if (const std::size_t known = escaped.find(first); known != std::string_view::npos) {
+            text += '\\';
+            text += letters[known];
+        } else if (length == 0) {
+            text += "\\udc" + hexDigits(static_cast<unsigned char>(first));
+        } else if (static_cast<unsigned char>(first) < 0x20) {
+            text += "\\u00" + hexDigits(static_cast<unsigned char>(first));
+        } else {
+            text += bytes.substr(0, length);
+        }
+        bytes.remove_prefix(std::max<std::size_t>(1, length));
+    }
+    text += '"';
+}
+
 std::optional<Json> readJson(std::string_view text) {
     Json document = Json::parse(withMarks(text), nullptr, false);
     if (document.is_discarded())

@@ -26,6 +26,10 @@ enum class JsonLayout { compact, indented };
 /// The document as UTF-8 text without a final line feed.
 std::string writeJson(const Json& document, JsonLayout layout = JsonLayout::compact);
 
+/// Adds a string of these bytes to a text as writeJson would, for lists so long that they are written without
+/// a document.
+void addJsonString(std::string& text, std::string_view bytes);
+
 /// Empty where the text is not one JSON document.
 std::optional<Json> readJson(std::string_view text);
 

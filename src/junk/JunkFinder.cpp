@@ -4,6 +4,7 @@
 #include "core/walk/ParallelFor.h"
 #include "platform/AccessProbe.h"
 #include "platform/DirectoryLister.h"
+#include "platform/ScratchName.h"
 
 #include <algorithm>
 #include <chrono>
@@ -20,7 +21,7 @@ constexpr double secondsPerDay = 86'400;
 /// Whether a rule takes a child for what its name and age say. `cutOff` in seconds since 1970.
 bool qualifies(const JunkTables& tables, const JunkRule& rule, const ListedChild& child,
                std::optional<double> cutOff) {
-    if (rule.excludes(child.name))
+    if (rule.excludes(child.name) || isScratchName(child.name)) // a removal's own
         return false;
     if (child.name == tables.folderSettings && rule.id != trashRule)
         return false;

@@ -3,8 +3,11 @@
 
 #include "platform/EntryIdentity.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brimlet {
 
@@ -21,7 +24,19 @@ public:
     /// Follows links among the parents of an absolute path, not the entry itself.
     /// returns empty where there is no such entry or it can't be told, and for "/"
     /// thread  any; blocks on the disk
-    virtual std::optional<FoundEntry> find(const std::string& path) const = 0;
+    std::optional<FoundEntry> find(const std::string& path) const;
+
+    /// What is told of one of many paths, by its place among them; empty as above.
+    using Found = std::function<void(std::size_t index, const std::optional<FoundEntry>& entry)>;
+
+    /// Looks up many and opens each folder once. Calls `found` once for each, in any order.
+    virtual void findEach(const std::vector<std::string>& paths, const Found& found) const = 0;
 };
+
+inline std::optional<FoundEntry> EntryLookup::find(const std::string& path) const {
+    std::optional<FoundEntry> one;
+    findEach({path}, [&](std::size_t, const std::optional<FoundEntry>& entry) { one = entry; });
+    return one;
+}
 
 } // namespace brimlet

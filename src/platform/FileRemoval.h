@@ -8,15 +8,16 @@
 // 3. An entry leaves its place by one rename. It is therefore wholly in its place or wholly gone from it;
 //    what could not be removed afterwards returns to its place, or beside it under a free name where that
 //    has been taken meanwhile, and is reported. A folder that its file system can't rename, as one of an
-//    overlay's lower layers, goes entry by entry from its place.
+//    overlay's lower layers, goes entry by entry from its place, and so does one whose other name the caller
+//    can't note down.
 // 4. Nothing is ever overwritten: every rename that gives something a name is exclusive.
 // 5. What is moved to another device is copied completely and synced before its original leaves its place,
 //    and nothing that is not in the copy is removed from the original. Where the original can't leave or the
 //    other disk has no room for it, nothing is copied.
 // 6. Before the first rename the caller is told where the entry goes; if the caller cannot note that down,
-//    nothing happens. What was planned before is a forecast: the caller is told again, and of what has
-//    changed.
-// 7. What leaves its place is what was reviewed. It is compared when it is pinned, and again as the last
+//    nothing happens, or it is asked about another way. What was planned before is a forecast: the caller is
+//    told again, and of what has changed.
+// 7. What leaves its place is what was reviewed. Its folder is compared when it is pinned, it as the last
 //    thing before the rename or removal and the first thing after a rename; what differs stays, or goes back.
 // Callable from any thread; calls block on the disk.
 #pragma once
@@ -25,6 +26,7 @@
 #include "platform/Result.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -67,6 +69,7 @@ using BeforeMove = std::function<Failure(const PlannedMove&)>;
 struct RemovalOutcome {
     Failure failure;                 ///< why not all of it went; nothing when all did
     bool isPartly = false;           ///< something went nevertheless
+    std::int64_t freed = 0;          ///< bytes of what went; of files with further names elsewhere, none
     std::string rest;                ///< where what stayed is; empty when nothing happened
     std::vector<std::string> stayed; ///< the first of what would not go, by their paths in the entry
     std::size_t stayedCount = 0;     ///< how many would not go
@@ -85,14 +88,17 @@ class FileRemoval {
 public:
     virtual ~FileRemoval() = default;
 
-    /// Opens the folder that contains an entry. Refused when either is another than was reviewed. A relative
+    /// Opens the folder that contains an entry. Refused when that is another than was reviewed. A relative
     /// path, one with "." or ".." in it or with a NUL byte is refused, and so is scratch of a move that is
     /// under way and what lies in it.
-    virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path,
-                                                     const PlacedIdentity& reviewed) = 0;
+    /// neighbour   pinned before, or null: an entry of the same folder is pinned through what that holds
+    /// open,
+    ///             as long as that was opened a moment ago
+    virtual Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed,
+                                                     const PinnedEntry* neighbour) = 0;
 
     /// What remove() would do now with the entry at a path, so that many such plans are noted at once.
-    /// Changes nothing; empty when nothing can be told, and for what is another than was reviewed.
+    /// Changes nothing; empty when nothing can be told, and for a folder that is another than was reviewed.
     virtual PlannedMove planRemoval(std::string_view path, const PlacedIdentity& reviewed) = 0;
 
     /// The same for moveToTrash().
@@ -106,7 +112,7 @@ public:
                                   const BeforeMove& before, const std::stop_token& stop) = 0;
 
     /// Moves an entry into the user's Trash under its name or, when that is taken, under a free one. What
-    /// lies there already is refused.
+    /// lies there already is refused. Told to stop, a copy from another disk ends and is undone.
     /// planned   what planTrashing gave, or empty; followed where it still holds
     virtual Result<TrashArrival> moveToTrash(const PinnedEntry& entry, const PlannedMove& planned,
                                              const BeforeMove& before, const std::stop_token& stop) = 0;
@@ -122,6 +128,10 @@ public:
     /// Removes scratch that an interrupted move left. Only what bears a scratch name is touched. Gone already
     /// counts as done where its folder is there to tell.
     virtual Failure removeScratch(std::string_view path, const std::stop_token& stop) = 0;
+
+    /// Ends a move of a file that was interrupted between its two names, as it is made where no rename is
+    /// exclusive: takes the old one away. Does nothing unless both are names of one file.
+    virtual Failure dropOldName(std::string_view oldPath, std::string_view newPath) = 0;
 
     /// Gives what an interrupted removal or move left set aside its name back, or a free one like it where
     /// that is taken, in the folder where it lies. Only what bears a scratch name is touched. Gone already

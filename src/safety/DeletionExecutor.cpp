@@ -1,7 +1,6 @@
 #include "safety/DeletionExecutor.h"
 
 #include "core/Localized.h"
-#include "core/walk/MeasureTree.h"
 #include "safety/HistoryFormat.h"
 
 #include <algorithm>
@@ -84,12 +83,15 @@ ExecutedRun DeletionExecutor::execute(const std::vector<DeletionRequest>& reques
     run.journal = std::make_shared<RunJournal>(m_store);
     const RequestJudge judge(m_judge, m_places());
     std::span<const DeletionRequest> left(requests);
+    std::unique_ptr<PinnedEntry> last;
     while (!left.empty() && !stop.stop_requested()) {
         std::vector<Step> batch = nextBatch(left, judge, *run.journal);
         left = left.subspan(batch.size());
         for (Step& step : batch) {
-            carryOut(step, judge, run, stop);
-            if (!step.isBegun)
+            carryOut(step, judge, last, run, stop);
+            if (!step.isBegun && step.isNoted && !stop.stop_requested())
+                run.journal->drop(step.intent.entry.id);
+            else if (!step.isBegun)
                 run.journal->close(step.intent.entry.id);
         }
     }
@@ -132,9 +134,10 @@ std::vector<DeletionExecutor::Step> DeletionExecutor::nextBatch(std::span<const 
 }
 
 /// Opens what a request names, if that is what was reviewed.
-Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest& request) {
+Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest& request,
+                                                           const PinnedEntry* neighbour) {
     if (request.identity)
-        return m_removal.pin(request.path, *request.identity);
+        return m_removal.pin(request.path, *request.identity, neighbour);
     // Nothing was there when it was reviewed.
     const auto now = m_removal.identity(request.path);
     if (const PlatformError* error = errorIn(now))
@@ -143,18 +146,20 @@ Result<std::unique_ptr<PinnedEntry>> DeletionExecutor::pin(const DeletionRequest
     return isThere ? changedSinceReview() : errorFromErrno(ENOENT);
 }
 
-void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, ExecutedRun& run,
-                                const std::stop_token& stop) {
+/// last   pinned by the item before, or empty; becomes what this one pins
+void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, std::unique_ptr<PinnedEntry>& last,
+                                ExecutedRun& run, const std::stop_token& stop) {
     const DeletionRequest& request = step.request;
     if (stop.stop_requested())
         return refuse(run.report.failures, request, localized(notBegun));
     std::optional<std::string> protectedBy = judge.protection(request);
     if (protectedBy)
         return refuse(run.report.skippedProtected, request, std::move(*protectedBy));
-    const Result<std::unique_ptr<PinnedEntry>> pinned = pin(request);
+    Result<std::unique_ptr<PinnedEntry>> pinned = pin(request, last.get());
     if (const PlatformError* error = errorIn(pinned))
         return refuse(run.report.failures, request, reason(*error));
-    const PinnedEntry& entry = **std::get_if<std::unique_ptr<PinnedEntry>>(&pinned);
+    last = valueOf(std::move(pinned));
+    const PinnedEntry& entry = *last;
     const auto before = [&](const PlannedMove& move) -> Failure {
         protectedBy = judge.protection(request, entry);
         Failure refused = protectedBy ? notAllowed(*protectedBy) : judge.refusal(request, entry);
@@ -170,13 +175,14 @@ void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, ExecutedR
 }
 
 /// Notes what is about to happen, unless it has been noted just so. Of a removal there is no way back to
-/// lose, and on a full disk it must not need space first.
+/// lose, and on a full disk it must not need space first: it goes on unnoted where nothing is set aside.
 Failure DeletionExecutor::begin(Step& step, const PlannedMove& move, RunJournal& journal) {
     if (!step.isNoted || move != step.intent.move) {
         step.intent.move = move;
+        step.intent.isBegun = true;
         Failure failure = journal.note({&step.intent, 1});
         step.isNoted = !failure;
-        if (failure && step.intent.kind != IntentKind::remove)
+        if (failure && (step.intent.kind != IntentKind::remove || !move.setAside.empty()))
             return failure;
     }
     step.isBegun = true;
@@ -217,9 +223,15 @@ std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, con
     }
     if (outcome.isPartly) {
         HistoryEntry part = step.intent.entry;
-        part.size = std::max<std::int64_t>(step.request.size - measureTree(outcome.rest).bytes, 0);
+        part.size = outcome.freed;
         run.report.freed += part.size;
+        Intent done = step.intent;
+        done.entry = part;
+        done.isDone = true;
+        (void)run.journal->note({&done, 1});
         run.parts.push_back(std::move(part));
+    } else if (outcome.rest.empty() || outcome.rest == pinned.resolvedPath()) {
+        run.journal->drop(step.intent.entry.id);
     }
     return reason(*outcome.failure) + stayedText(outcome, pinned.resolvedPath());
 }

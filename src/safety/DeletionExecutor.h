@@ -60,10 +60,11 @@ public:
 private:
     struct Step;
 
-    Result<std::unique_ptr<PinnedEntry>> pin(const DeletionRequest& request);
+    Result<std::unique_ptr<PinnedEntry>> pin(const DeletionRequest& request, const PinnedEntry* neighbour);
     std::vector<Step> nextBatch(std::span<const DeletionRequest> requests, const RequestJudge& judge,
                                 RunJournal& journal);
-    void carryOut(Step& step, const RequestJudge& judge, ExecutedRun& run, const std::stop_token& stop);
+    void carryOut(Step& step, const RequestJudge& judge, std::unique_ptr<PinnedEntry>& last, ExecutedRun& run,
+                  const std::stop_token& stop);
     static Failure begin(Step& step, const PlannedMove& move, RunJournal& journal);
     std::optional<std::string> moveToTrash(const Step& step, const PinnedEntry& pinned,
                                            const BeforeMove& before, ExecutedRun& run,

@@ -54,7 +54,7 @@ struct DeletionFailure {
 
 /// The outcome of one run.
 struct DeletionReport {
-    std::int64_t freed = 0;                        ///< sum of the requests' sizes, deleted permanently
+    std::int64_t freed = 0; ///< sum of the requests' sizes, deleted permanently, and of what went of others
     std::int64_t movedToTrash = 0;                 ///< likewise, moved to the Trash
     std::vector<std::string> deletedPaths;         ///< gone from their places, both ways, in request order
     std::vector<DeletionFailure> failures;         ///< what the file system refused

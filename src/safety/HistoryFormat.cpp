@@ -1,5 +1,7 @@
 #include "safety/HistoryFormat.h"
 
+#include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 
@@ -33,18 +35,25 @@ double historyDateNow() {
     return since1970.count() - secondsFrom1970To2001;
 }
 
-Json historyJson(const HistoryEntry& entry) {
-    Json object = Json::object();
-    object["id"] = entry.id.text();
-    object["date"] = entry.date;
-    object["originalPath"] = jsonString(entry.originalPath);
+void addHistoryText(std::string& text, const HistoryEntry& entry) {
+    const auto addText = [&](std::string_view key, std::string_view bytes) {
+        text += key;
+        addJsonString(text, bytes);
+    };
+    std::array<char, 32> date{};
+    const auto* end = std::to_chars(date.data(), date.data() + date.size(), entry.date).ptr;
+    const std::string_view digits(date.data(), static_cast<std::size_t>(end - date.data()));
+    const bool isWhole = digits.find_first_of(".e") == std::string_view::npos;
+    addText(R"({"id":)", entry.id.text());
+    text.append(R"(,"date":)").append(digits).append(isWhole ? ".0" : "");
+    addText(R"(,"originalPath":)", entry.originalPath);
     if (entry.trashPath)
-        object["trashPath"] = jsonString(*entry.trashPath);
-    object["size"] = entry.size;
-    object["restored"] = entry.restored;
+        addText(R"(,"trashPath":)", *entry.trashPath);
+    text.append(R"(,"size":)").append(std::to_string(entry.size));
+    text.append(R"(,"restored":)").append(entry.restored ? "true" : "false");
     if (entry.identity)
-        object["identity"] = *entry.identity;
-    return object;
+        addText(R"(,"identity":)", *entry.identity);
+    text += '}';
 }
 
 std::optional<HistoryEntry> historyFromJson(const Json& object) {
@@ -77,10 +86,12 @@ std::optional<HistoryEntry> historyFromJson(const Json& object) {
 }
 
 std::string historyText(const std::vector<HistoryEntry>& entries) {
-    Json array = Json::array();
-    for (const HistoryEntry& entry : entries)
-        array.push_back(historyJson(entry));
-    return writeJson(array);
+    std::string text = "[";
+    for (const HistoryEntry& entry : entries) {
+        text += text.size() > 1 ? "," : "";
+        addHistoryText(text, entry);
+    }
+    return text + "]";
 }
 
 std::optional<std::vector<HistoryEntry>> historyFromText(std::string_view text) {

@@ -22,7 +22,7 @@ std::string historyText(const std::vector<HistoryEntry>& entries);
 std::optional<std::vector<HistoryEntry>> historyFromText(std::string_view text);
 
 /// One entry.
-Json historyJson(const HistoryEntry& entry);
+void addHistoryText(std::string& text, const HistoryEntry& entry);
 std::optional<HistoryEntry> historyFromJson(const Json& object);
 
 /// The present moment in the history's terms.

@@ -13,16 +13,16 @@ ItemReview::ItemReview(PathJudge judge, PlacesSource places, const EntryLookup& 
 
 std::vector<ReviewedItem> ItemReview::review(const std::vector<std::string>& paths) const {
     const ProtectedPlaces places = m_places();
-    std::vector<ReviewedItem> items;
-    items.reserve(paths.size());
-    for (const std::string& path : paths)
-        items.push_back(reviewOne(path, places));
+    std::vector<ReviewedItem> items(paths.size());
+    m_entries.findEach(paths, [&](std::size_t index, const std::optional<FoundEntry>& found) {
+        items[index] = reviewOne(paths[index], found, places);
+    });
     return items;
 }
 
-ReviewedItem ItemReview::reviewOne(const std::string& path, const ProtectedPlaces& places) const {
+ReviewedItem ItemReview::reviewOne(const std::string& path, const std::optional<FoundEntry>& found,
+                                   const ProtectedPlaces& places) const {
     ReviewedItem item{m_judge(path), std::nullopt};
-    const std::optional<FoundEntry> found = m_entries.find(path);
     if (found)
         item.identity = found->identity;
     const bool leadsElsewhere = found && found->path != path;

@@ -15,6 +15,7 @@
 namespace brimlet {
 
 class EntryLookup;
+struct FoundEntry;
 
 struct ReviewedItem {
     SafetyVerdict verdict;
@@ -32,7 +33,8 @@ public:
     std::vector<ReviewedItem> review(const std::vector<std::string>& paths) const;
 
 private:
-    ReviewedItem reviewOne(const std::string& path, const ProtectedPlaces& places) const;
+    ReviewedItem reviewOne(const std::string& path, const std::optional<FoundEntry>& found,
+                           const ProtectedPlaces& places) const;
 
     PathJudge m_judge;
     PlacesSource m_places;

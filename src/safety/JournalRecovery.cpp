@@ -1,5 +1,6 @@
 #include "safety/JournalRecovery.h"
 
+#include "core/walk/MeasureTree.h"
 #include "safety/HistoryFormat.h"
 
 #include <algorithm>
@@ -50,9 +51,10 @@ RecoveredEntries JournalRecovery::complete() {
     adoptJournals();
     RecoveredEntries found;
     for (DeadRun& run : m_runs) {
+        bool isOver = false;
         for (const Intent& intent : run.intents) {
             const std::size_t before = found.count();
-            run.isAnswered = (completeIntent(intent, found) || isGivenUp(intent)) && run.isAnswered;
+            run.isAnswered = (completeIntent(intent, isOver, found) || isGivenUp(intent)) && run.isAnswered;
             if (found.count() > before)
                 run.yielded.push_back(intent.entry.id);
         }
@@ -85,38 +87,73 @@ void JournalRecovery::tidy(const std::stop_token& stop) {
 }
 
 /// Whether nothing of this intent is left to be found out at another start.
-bool JournalRecovery::completeIntent(const Intent& intent, RecoveredEntries& found) {
-    const bool isRemoval = intent.kind == IntentKind::remove;
+/// isOver   whether the run had died before the turn of this forecast; set when that shows
+bool JournalRecovery::completeIntent(const Intent& intent, bool& isOver, RecoveredEntries& found) {
+    if (intent.isDropped)
+        return true;
     bool isAnswered = true;
     bool mayHaveBeenAside = false;
+    HistoryEntry entry = intent.entry;
     if (!intent.move.setAside.empty()) {
         const auto aside = m_removal.identity(intent.move.setAside);
         mayHaveBeenAside = aside != Result<std::optional<FileIdentity>>();
+        const bool isTold = mayHaveBeenAside && errorIn(aside) == nullptr;
+        if (isTold && intent.kind == IntentKind::remove && !intent.isRecorded)
+            entry.size -= measureTree(intent.move.setAside).bytes;
         isAnswered = hasReturned(intent);
     }
-    HistoryEntry entry = intent.entry;
-    const std::string& place = isRemoval ? entry.originalPath : intent.move.destination;
-    if (place.empty() || intent.isRecorded || (isRemoval && mayHaveBeenAside))
+    if (intent.isRecorded)
         return isAnswered;
-    const auto answer = m_removal.identity(place);
+    if (intent.isDone) {
+        found.deleted.push_back(intent.entry);
+        return isAnswered;
+    }
+    if (intent.kind != IntentKind::remove)
+        return completeMove(intent, found) && isAnswered;
+    if (!mayHaveBeenAside)
+        return completeRemoval(intent, isOver, found) && isAnswered;
+    if (entry.size > 0 && entry.size < intent.entry.size) // a part of it went
+        found.deleted.push_back(std::move(entry));
+    return isAnswered;
+}
+
+/// What was moved is where it was meant to go, or was never moved.
+bool JournalRecovery::completeMove(const Intent& intent, RecoveredEntries& found) {
+    if (intent.move.destination.empty())
+        return true;
+    const auto answer = m_removal.identity(intent.move.destination);
     const auto* there = std::get_if<std::optional<FileIdentity>>(&answer);
     if (there == nullptr) // the disk may answer another start
         return false;
-    if (isRemoval) {
-        // A folder goes under another name; what is called so now is another one.
-        const bool isAnother = !intent.move.setAside.empty() && *there != intent.move.identity;
-        if (!*there || isAnother)
-            found.deleted.push_back(std::move(entry));
-    } else if (*there == intent.move.identity) {
-        if (intent.kind == IntentKind::restore) {
-            found.restored.push_back(entry.id);
-        } else {
-            entry.trashPath = place;
-            entry.identity = intent.move.identity;
-            found.deleted.push_back(std::move(entry));
-        }
+    if (*there != intent.move.identity)
+        return true;
+    HistoryEntry entry = intent.entry;
+    const bool isRestore = intent.kind == IntentKind::restore;
+    const std::string& from = isRestore ? entry.trashPath.value_or(std::string()) : entry.originalPath;
+    (void)m_removal.dropOldName(from, intent.move.destination);
+    if (isRestore) {
+        found.restored.push_back(entry.id);
+        return true;
     }
-    return isAnswered;
+    entry.trashPath = intent.move.destination;
+    entry.identity = intent.move.identity;
+    found.deleted.push_back(std::move(entry));
+    return true;
+}
+
+/// What was to go for good is gone, or its turn never came.
+bool JournalRecovery::completeRemoval(const Intent& intent, bool& isOver, RecoveredEntries& found) {
+    const auto answer = m_removal.identity(intent.entry.originalPath);
+    const auto* there = std::get_if<std::optional<FileIdentity>>(&answer);
+    if (there == nullptr)
+        return false;
+    const bool isForecast = !intent.isBegun;
+    isOver = isOver || (isForecast && *there && *there == intent.move.identity);
+    // A folder goes under another name; what is called so now is another one.
+    const bool isAnother = !intent.move.setAside.empty() && *there != intent.move.identity;
+    if ((!*there || isAnother) && !(isOver && isForecast))
+        found.deleted.push_back(intent.entry);
+    return true;
 }
 
 bool JournalRecovery::hasReturned(const Intent& intent) {

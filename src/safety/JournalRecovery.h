@@ -30,8 +30,9 @@ public:
         : m_store(store)
         , m_removal(removal) {}
 
-    /// Finds what dead runs did and gives back what they had set aside. Some renames and looks for each item;
-    /// nothing is removed.
+    /// Finds what dead runs did and gives back what they had set aside. Some renames and looks for each item,
+    /// and a walk through each folder that was about to be removed, to tell what went of it; nothing is
+    /// removed.
     RecoveredEntries complete();
 
     /// Says that the history holds what complete() gave: it is not given again.
@@ -53,7 +54,9 @@ private:
 
     bool hasJournals();
     void adoptJournals();
-    bool completeIntent(const Intent& intent, RecoveredEntries& found);
+    bool completeIntent(const Intent& intent, bool& isOver, RecoveredEntries& found);
+    bool completeMove(const Intent& intent, RecoveredEntries& found);
+    bool completeRemoval(const Intent& intent, bool& isOver, RecoveredEntries& found);
     bool hasReturned(const Intent& intent);
 
     RecordStore& m_store;

@@ -47,7 +47,8 @@ void ProtectedPlaces::add(const std::string& path, std::size_t row, const EntryL
     m_paths.add(normalisedPath(path));
     m_rows.push_back(row);
     for (std::size_t end = path.size(); end != std::string::npos && end > 0; end = path.rfind('/', end - 1)) {
-        if (const auto found = entries.find(path.substr(0, end)))
+        const auto found = entries.find(path.substr(0, end));
+        if (found && found->identity.entry.inode != 0)
             m_holders.emplace(found->identity.entry, row);
     }
 }

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <iterator>
 #include <map>
+#include <utility>
 
 namespace brimlet {
 
@@ -15,6 +16,9 @@ namespace {
 constexpr std::string_view prefix = "run-";
 constexpr std::string_view suffix = ".journal";
 constexpr const char* recordedKey = "recorded";
+constexpr const char* droppedKey = "dropped";
+constexpr const char* begunKey = "begun";
+constexpr const char* doneKey = "done";
 constexpr std::array<std::string_view, 3> kindNames = {"remove", "trash", "restore"};
 
 std::optional<std::string> textMember(const Json& object, const char* key) {
@@ -45,13 +49,22 @@ std::optional<Intent> intentFromLine(std::string_view line) {
             return std::nullopt;
         intent.move.scratch.push_back(bytesOf(path));
     }
+    intent.isBegun = object->contains(begunKey);
+    intent.isDone = object->contains(doneKey);
     return intent;
 }
 
-std::optional<Uuid> recordedIn(std::string_view line) {
+/// The entry that a line says something of by a key.
+std::optional<Uuid> entryIn(std::string_view line, const char* key) {
     const auto object = readJson(line);
-    const auto text = object && object->is_object() ? textMember(*object, recordedKey) : std::nullopt;
+    const auto text = object && object->is_object() ? textMember(*object, key) : std::nullopt;
     return text ? Uuid::fromText(*text) : std::nullopt;
+}
+
+std::string entryText(const char* key, const Uuid& entry) {
+    Json object = Json::object();
+    object[key] = entry.text();
+    return "\n" + writeJson(object) + "\n";
 }
 
 } // namespace
@@ -61,22 +74,36 @@ bool isJournalName(std::string_view name) {
 }
 
 std::string intentText(const Intent& intent) {
-    Json object = Json::object();
-    object["kind"] = kindNames[static_cast<std::size_t>(intent.kind)];
-    object["entry"] = historyJson(intent.entry);
-    object["destination"] = jsonString(intent.move.destination);
-    object["identity"] = jsonString(intent.move.identity);
-    object["setAside"] = jsonString(intent.move.setAside);
-    object["scratch"] = Json::array();
-    for (const std::string& path : intent.move.scratch)
-        object["scratch"].push_back(jsonString(path));
-    return "\n" + writeJson(object) + "\n";
+    std::string text = "\n{\"kind\":";
+    addJsonString(text, kindNames[static_cast<std::size_t>(intent.kind)]);
+    text += R"(,"entry":)";
+    addHistoryText(text, intent.entry);
+    for (const auto& [key, bytes] : {std::pair(R"(,"destination":)", &intent.move.destination),
+                                     std::pair(R"(,"identity":)", &intent.move.identity),
+                                     std::pair(R"(,"setAside":)", &intent.move.setAside)}) {
+        text += key;
+        addJsonString(text, *bytes);
+    }
+    text += R"(,"scratch":[)";
+    for (const std::string& path : intent.move.scratch) {
+        text += &path == &intent.move.scratch.front() ? "" : ",";
+        addJsonString(text, path);
+    }
+    text += ']';
+    for (const auto& [key, isSet] :
+         {std::pair(begunKey, intent.isBegun), std::pair(doneKey, intent.isDone)}) {
+        if (isSet)
+            text.append(",\"").append(key).append("\":true");
+    }
+    return text + "}\n";
 }
 
 std::string recordedText(const Uuid& entry) {
-    Json object = Json::object();
-    object[recordedKey] = entry.text();
-    return "\n" + writeJson(object) + "\n";
+    return entryText(recordedKey, entry);
+}
+
+std::string droppedText(const Uuid& entry) {
+    return entryText(droppedKey, entry);
 }
 
 std::vector<Intent> intentsFromText(std::string_view text) {
@@ -88,9 +115,12 @@ std::vector<Intent> intentsFromText(std::string_view text) {
         auto intent = intentFromLine(line);
         text.remove_prefix(std::min(end + 1, text.size()));
         if (!intent) {
-            const std::optional<Uuid> recorded = recordedIn(line);
-            if (recorded && places.contains(*recorded))
-                intents[places.at(*recorded)].isRecorded = true;
+            for (const auto& [key, flag] :
+                 {std::pair(recordedKey, &Intent::isRecorded), std::pair(droppedKey, &Intent::isDropped)}) {
+                const std::optional<Uuid> entry = entryIn(line, key);
+                if (entry && places.contains(*entry))
+                    intents[places.at(*entry)].*flag = true;
+            }
             continue;
         }
         const auto [place, isNew] = places.emplace(intent->entry.id, intents.size());
@@ -144,6 +174,12 @@ Failure RunJournal::note(std::span<const Intent> intents) {
 
 void RunJournal::close(const Uuid& entry) {
     m_scratch.erase(entry);
+}
+
+void RunJournal::drop(const Uuid& entry) {
+    close(entry);
+    if (m_log)
+        (void)m_log->append(droppedText(entry), Durability::survivesCrash);
 }
 
 void RunJournal::settle(FileRemoval& removal) {

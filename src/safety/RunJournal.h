@@ -4,10 +4,11 @@
 // run's process lives. Before an item is renamed its intent is appended, one JSON object on a line: the
 // history entry to be, the identity by which the item will be known at its destination, the scratch entries
 // that the move makes, and what the item is called while it is removed. Intents of many items are appended
-// together; that an intent stands there does not say that its turn has come. An intent that replaces an
-// earlier one has the same entry identifier; the last one counts. The log goes when the history holds the
-// run's entries and no scratch is left. A log without a living owner is what recovery reads. One thread at a
-// time.
+// together; that an intent stands there does not say that its turn has come, but forecasts are carried out in
+// the order in which they stand. One that came to nothing is dropped by a line of its own. An intent that
+// replaces an earlier one has the same entry identifier; the last one counts. The log goes when the history
+// holds the run's entries and no scratch is left. A log without a living owner is what recovery reads. One
+// thread at a time.
 #pragma once
 
 #include "platform/FileRemoval.h"
@@ -31,6 +32,9 @@ struct Intent {
     HistoryEntry entry; ///< as it will stand in the history when the move is done
     PlannedMove move;
     bool isRecorded = false; ///< the history has taken the entry over; only the tidying is left
+    bool isBegun = false;    ///< noted in its turn, not as a forecast
+    bool isDropped = false;  ///< nothing was done, and nothing will be
+    bool isDone = false;     ///< what the entry says has happened, whatever lies there
 };
 
 class RunJournal {
@@ -45,6 +49,9 @@ public:
 
     /// Says that nothing of a noted move is left to look for: it has done all, or never began.
     void close(const Uuid& entry);
+
+    /// Says that a noted move came to nothing. Costs a write.
+    void drop(const Uuid& entry);
 
     /// Ends the journal, once the history holds what came of its intents. It stays when scratch is left on
     /// the disk.
@@ -69,6 +76,9 @@ std::vector<Intent> intentsFromText(std::string_view text);
 
 /// A line that says that the history has taken an entry over.
 std::string recordedText(const Uuid& entry);
+
+/// A line that says that an intent came to nothing.
+std::string droppedText(const Uuid& entry);
 
 /// One line, with a line feed on both sides so that a cut-off one before it does no harm.
 std::string intentText(const Intent& intent);

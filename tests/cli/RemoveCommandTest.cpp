@@ -1,7 +1,7 @@
 // `remove`, `history` and `restore` of the built program, each in a home folder of its own.
 
 #include "core/walk/MeasureTree.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "safety/HistoryFormat.h"
 #include "safety/RunJournal.h"
 #include "support/Program.h"

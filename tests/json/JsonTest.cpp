@@ -59,6 +59,9 @@ TEST(Json, anyBytesSurviveTheRoundTrip) {
         const auto read = readJson(writeJson(Json::array({jsonString(bytes)})));
         ASSERT_TRUE(read);
         ASSERT_EQ(bytesOf(read->at(0)), bytes);
+        std::string text;
+        addJsonString(text, bytes);
+        ASSERT_EQ(text, writeJson(jsonString(bytes)));
     }
 }
 

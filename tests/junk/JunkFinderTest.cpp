@@ -1,6 +1,7 @@
 #include "junk/JunkFinder.h"
 #include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxDirectoryLister.h"
+#include "platform/ScratchName.h"
 #include "support/CatalogueRule.h"
 #include "support/FakeAccessProbe.h"
 #include "support/HookedDirectoryLister.h"
@@ -74,6 +75,12 @@ TEST_F(JunkFinderTest, excludedNamesNeverCount) {
     EXPECT_THAT(found("user-caches"), IsEmpty());
     home.file("Library/Caches/cloudkit/a", block);
     EXPECT_THAT(found("user-caches"), ElementsAre("cloudkit"));
+}
+
+TEST_F(JunkFinderTest, whatARemovalHasSetAsideIsNoItem) {
+    for (const std::string& name : {scratchName(), scratchName() + "0", std::string(".brimlet-notes")})
+        home.file("Library/Logs/" + name + "/file", block);
+    EXPECT_THAT(found("user-logs"), testing::SizeIs(2));
 }
 
 TEST_F(JunkFinderTest, folderSettingsCountInTheTrashOnly) {

@@ -5,10 +5,12 @@
 #include "support/DeletionStage.h"
 #include "support/TreeSnapshot.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace brimlet::test {
 namespace {
@@ -183,6 +185,38 @@ TEST(ItemReview, tellsTheStricterVerdictAndWhatIsThere) {
     EXPECT_NE(items[1].identity, std::nullopt);
     for (std::size_t i = 2; i < items.size(); ++i)
         EXPECT_EQ(items[i].identity, std::nullopt) << i;
+}
+
+TEST(ItemReview, opensEachFolderOnceForAllItsItems) {
+    DeletionStage stage;
+    stage.tree.symbolicLink("home/link", "0");
+    std::vector<std::string> paths;
+    for (const char* folder : {"0", "link", "1"}) {
+        for (int item = 0; item < 50; ++item)
+            paths.push_back(stage.home(std::string(folder) + "/" + std::to_string(item)));
+    }
+    for (int folder = 0; folder < 2; ++folder) {
+        for (int item = 0; item < 50; item += 2)
+            stage.tree.file("home/" + std::to_string(folder) + "/" + std::to_string(item));
+    }
+    std::shuffle(paths.begin(), paths.end(), std::mt19937(1));
+    int opened = 0;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        opened += std::string_view(call.call) == "open" ? 1 : 0;
+    };
+    const LinuxEntryLookup entries(stage.calls);
+    const auto judge = [](std::string_view path) { return SafetyVerdict{Risk::safe, std::string(path)}; };
+    const ItemReview review(
+        judge, [&] { return ProtectedPlaces({}, entries); }, entries);
+    const std::vector<ReviewedItem> items = review.review(paths);
+    EXPECT_EQ(opened, 3);
+    ASSERT_EQ(items.size(), paths.size());
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        const auto alone = LinuxEntryLookup().find(paths[i]);
+        EXPECT_EQ(items[i].verdict.reason, paths[i]) << "each answer stands at the place of its path";
+        EXPECT_EQ(items[i].identity, alone ? std::optional(alone->identity) : std::nullopt) << paths[i];
+    }
+    EXPECT_EQ(std::ranges::count_if(items, [](const auto& item) { return item.identity.has_value(); }), 75);
 }
 
 } // namespace

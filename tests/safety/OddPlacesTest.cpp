@@ -1,8 +1,9 @@
 // Removal where something ordinary is missing: on full, small, read-only and layered disks, and on file
 // systems and kernels that lack a call. Where mounting isn't permitted, what needs it is skipped.
 
+#include "platform/linux/KeptIdentity.h"
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/Program.h"
@@ -15,6 +16,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <linux/capability.h>
+#include <linux/magic.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -85,6 +87,101 @@ TEST(Overlay, foldersOfALowerLayerGoAndComeBack) {
         EXPECT_FALSE(DeletionHistory(stage.store, stage.removal).restore(trashed.entries.front()));
         EXPECT_EQ(snapshotOf(stage.home("trashed")), whole);
     });
+}
+
+/// An overlay copies a file of a lower layer before it renames it, and a folder before anything in it
+/// changes: the copies are younger than what was reviewed.
+TEST(Overlay, singleFilesOfALowerLayerGoAndComeBack) {
+    for (const bool onOtherDisk : {false, true}) {
+        whereMountingIsPermitted([&] {
+            DeletionStage stage;
+            const std::string home = stage.home();
+            const Mount lower("tmpfs", onOtherDisk ? home : "nowhere", "tmpfs", 0, "size=1m");
+            for (const char* name : {"first", "second", "third", "sub/fourth", "sub/fifth"})
+                stage.tree.fileWithText("home/" + std::string(name), name);
+            const Mount layers("overlay", home, "overlay", 0,
+                               "lowerdir=" + home + ",upperdir=" + stage.tree.directory("upper") +
+                                   ",workdir=" + stage.tree.directory("work"));
+            if (!layers.isThere())
+                GTEST_SKIP() << "no overlay here";
+            const auto whole = snapshotOf(stage.home("first"));
+            std::vector<DeletionRequest> requests;
+            for (const auto& [name, how] :
+                 {std::pair("first", Removal::trash), std::pair("second", Removal::permanent),
+                  std::pair("third", Removal::trash), std::pair("sub/fourth", Removal::permanent),
+                  std::pair("sub/fifth", Removal::trash)})
+                requests.push_back(DeletionStage::request(stage.home(name), how));
+            const ExecutedRun run = stage.executor.execute(requests);
+            for (const DeletionFailure& failure : run.report.failures)
+                ADD_FAILURE() << failure.path << ": " << failure.reason;
+            ASSERT_EQ(run.entries.size(), requests.size());
+            DeletionHistory history(stage.store, stage.removal);
+            history.record(run);
+            EXPECT_EQ(snapshotOf(stage.trash("first")), whole);
+            EXPECT_FALSE(stage.tree.exists("home/second"));
+            EXPECT_FALSE(history.restoreIfPossible(run.entries.front()));
+            EXPECT_EQ(snapshotOf(stage.home("first")), whole);
+        });
+    }
+}
+
+TEST(Overlay, whatIsAnotherThanWasReviewedStays) {
+    whereMountingIsPermitted([] {
+        DeletionStage stage;
+        const std::string home = stage.home();
+        stage.tree.fileWithText("home/item", "reviewed");
+        stage.tree.fileWithText("home/other", "another");
+        const Mount layers("overlay", home, "overlay", 0,
+                           "lowerdir=" + home + ",upperdir=" + stage.tree.directory("upper") +
+                               ",workdir=" + stage.tree.directory("work"));
+        if (!layers.isThere())
+            GTEST_SKIP() << "no overlay here";
+        const DeletionRequest request = DeletionStage::request(stage.home("item"), Removal::permanent);
+        std::filesystem::rename(stage.home("other"), stage.home("item"));
+        const ExecutedRun run = stage.executor.execute({request});
+        ASSERT_EQ(run.report.failures.size(), 1U);
+        EXPECT_EQ(run.report.failures.front().reason, "It has changed since it was reviewed.");
+        EXPECT_TRUE(stage.tree.exists("home/item"));
+    });
+}
+
+TEST(KeptIdentity, leavesOutWhatTheFileSystemMakesAnew) {
+    FileStatus before;
+    before.device = 7;
+    before.inode = 12;
+    before.mode = S_IFREG;
+    before.born = {100, 5};
+    FileStatus copied = before; // what an overlay shows of a file that it has copied up
+    copied.born = {200, 0};
+    FileStatus moved = copied; // likewise, from a layer on a disk of its own
+    moved.device = 8;
+    moved.inode = 99;
+    FileStatus forgotten = before; // what FAT shows after the file has left the memory
+    forgotten.inode = 13;
+    FileStatus folder = before;
+    folder.mode = S_IFDIR;
+    const struct {
+        const char* where;
+        long type;
+        std::uint64_t device; ///< of the folder
+        std::vector<FileStatus> same;
+        std::vector<FileStatus> others;
+    } cases[] = {
+        {"ext4", EXT4_SUPER_MAGIC, 7, {before}, {copied, moved, forgotten, folder}},
+        {"overlay", OVERLAYFS_SUPER_MAGIC, 7, {before, copied}, {moved, forgotten, folder}},
+        {"overlay of several disks", OVERLAYFS_SUPER_MAGIC, 6, {before, copied, moved}, {folder}},
+        {"FAT", MSDOS_SUPER_MAGIC, 7, {before, forgotten}, {copied, moved, folder}},
+        {"exFAT", EXFAT_SUPER_MAGIC, 7, {before, forgotten}, {copied, moved, folder}},
+        {"unknown", -EIO, 7, {before}, {copied, moved, forgotten, folder}},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.where);
+        const EntryIdentity reviewed = KeptIdentity(one.type, one.device).of(before);
+        for (const FileStatus& now : one.same)
+            EXPECT_TRUE(reviewed.isOf(now.identity()));
+        for (const FileStatus& now : one.others)
+            EXPECT_FALSE(reviewed.isOf(now.identity()));
+    }
 }
 
 TEST(NoExclusiveRename, nothingIsOverwrittenAndNoReservationStays) {

@@ -1,6 +1,6 @@
 // Moves between disks: copies that are whole and on the disk before their original goes.
 
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/TreeSnapshot.h"
@@ -111,6 +111,42 @@ TEST(OtherDisk, whatChangesWhileItIsCopiedIsNotLost) {
     ASSERT_EQ(run.report.failures.size(), 1U);
     EXPECT_TRUE(stage.tree.exists("home/item/file"));
     EXPECT_TRUE(stage.trashNames().empty());
+}
+
+TEST(OtherDisk, aStopUndoesTheCopyAndLeavesTheOriginal) {
+    for (const char* item : {"folder", "large"}) {
+        int stops = 0;
+        for (int n = 1; n <= 6; ++n) {
+            DeletionStage stage;
+            for (int i = 0; i < 6; ++i)
+                stage.tree.fileWithText("home/folder/" + std::to_string(i) + "/file", "text");
+            stage.tree.file("home/large", 7 << 20); // seven blocks
+            stage.tree.fileWithText("home/last", "text");
+            stage.calls.separate(stage.trash());
+            const auto whole = snapshotOf(stage.home(item));
+            std::stop_source stop;
+            int written = 0;
+            stage.calls.onCall = [&](const SystemCall& call) {
+                if (std::string_view(call.call) == "writeAt" && ++written == n)
+                    stop.request_stop();
+            };
+            const ExecutedRun run =
+                stage.executor.execute({DeletionStage::request(stage.home(item), Removal::trash),
+                                        DeletionStage::request(stage.home("last"), Removal::trash)},
+                                       stop.get_token());
+            stage.calls.onCall = nullptr;
+            EXPECT_TRUE(stage.tree.exists("home/last"));
+            EXPECT_FALSE(stage.hasScratch());
+            if (!run.entries.empty()) // the copy was complete before anybody asked
+                continue;
+            ++stops;
+            EXPECT_EQ(written, n) << "nothing is written after the stop";
+            EXPECT_EQ(run.report.failures.front().reason, "Stopped before it was moved. It is where it was.");
+            EXPECT_EQ(snapshotOf(stage.home(item)), whole);
+            EXPECT_TRUE(stage.trashNames().empty());
+        }
+        EXPECT_GE(stops, 5) << item;
+    }
 }
 
 TEST(OtherDisk, whatAppearsAfterTheCopyStays) {

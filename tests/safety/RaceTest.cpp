@@ -123,7 +123,7 @@ TEST(Race, copiesToTheTrashNeverLeaveTheTree) {
 /// The policy has nothing against the link's target, whose entries have the same names: only that they are
 /// others than were reviewed keeps them.
 void raceWithoutProtection(Removal how) {
-    constexpr int items = 200;
+    constexpr int items = 1000;
     DeletionStage stage;
     for (const char* folder : {"home/documents", "home/stage/cache"}) {
         for (int i = 0; i < items; ++i)

@@ -1,6 +1,7 @@
 // What the history does when its own folder, or the disk of an item, refuses it.
 
-#include "platform/linux/removal/ScratchName.h"
+#include "core/walk/MeasureTree.h"
+#include "platform/ScratchName.h"
 #include "safety/HistoryFormat.h"
 #include "safety/JournalRecovery.h"
 #include "support/DeletionStage.h"
@@ -77,14 +78,15 @@ public:
     std::string stuck; ///< scratch that can't be removed
     std::vector<std::string> asked;
 
-    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view, const PlacedIdentity&) override {
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view, const PlacedIdentity&,
+                                             const PinnedEntry*) override {
         return errorFromErrno(EIO);
     }
     PlannedMove planRemoval(std::string_view, const PlacedIdentity&) override { return {}; }
     PlannedMove planTrashing(std::string_view, const PlacedIdentity&, PlannedNumbers&) override { return {}; }
     RemovalOutcome remove(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
                           const std::stop_token&) override {
-        return {errorFromErrno(EIO), false, {}, {}};
+        return {errorFromErrno(EIO), false, 0, {}, {}};
     }
     Result<TrashArrival> moveToTrash(const PinnedEntry&, const PlannedMove&, const BeforeMove&,
                                      const std::stop_token&) override {
@@ -99,6 +101,7 @@ public:
         asked.push_back("remove " + std::string(path));
         return path == stuck ? Failure(errorFromErrno(EIO)) : std::nullopt;
     }
+    Failure dropOldName(std::string_view, std::string_view) override { return errorFromErrno(EIO); }
     Failure returnToPlace(std::string_view setAside, std::string_view place) override {
         asked.push_back(std::string(setAside) + " to " + std::string(place));
         return std::nullopt;
@@ -242,6 +245,91 @@ TEST(JournalRecovery, theRestOfARemovalReturnsAndIsNotCalledDeleted) {
         EXPECT_TRUE(DeletionHistory(stage.store, stage.removal).entries().empty());
         EXPECT_TRUE(stage.tree.exists(isTaken ? "home/app 2/rest" : "home/app/rest"));
         EXPECT_FALSE(stage.hasScratch());
+        EXPECT_FALSE(hasJournal(stage));
+    }
+}
+
+TEST(JournalRecovery, whatWentOfAFolderThatWasBeingRemovedIsTold) {
+    DeletionStage stage;
+    const std::string aside = scratchName();
+    stage.tree.file("home/" + aside + "/rest", 1 << 16);
+    HistoryEntry entry = entryOf(stage.home("app"));
+    entry.size = 1 << 20;
+    leaveJournal(stage, intentText({IntentKind::remove, entry, {{}, "1-1.1", {}, stage.home(aside)}}));
+    const std::vector<HistoryEntry> told = DeletionHistory(stage.store, stage.removal).entries();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told.front().size, entry.size - measureTree(stage.home("app")).bytes);
+    EXPECT_LT(told.front().size, entry.size);
+    EXPECT_FALSE(hasJournal(stage));
+}
+
+TEST(JournalRecovery, whatWentBeforeACrashIsToldWhenTheRestHadStayed) {
+    DeletionStage stage;
+    for (const char* file : {"item/gone", "item/kept", "after"})
+        stage.tree.file("home/" + std::string(file), 8192);
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        if (std::string_view(call.call) == "unlink" && std::string_view(call.name) == "kept")
+            stage.calls.failAt(1, EPERM);
+    };
+    ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent, 1 << 20),
+                                DeletionStage::request(stage.home("after"), Removal::permanent)});
+    ASSERT_EQ(run.parts.size(), 1U);
+    run.journal.reset(); // as if it had died before the history was written
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    const std::vector<HistoryEntry> told = DeletionHistory(stage.store, stage.removal).entries();
+    EXPECT_EQ(told, (std::vector<HistoryEntry>{run.parts.front(), run.entries.front()}));
+    EXPECT_TRUE(stage.tree.exists("home/item/kept"));
+}
+
+/// Forecasts are carried out in order: behind the first that is still there nothing was begun, and what is
+/// gone all the same its owner has removed.
+TEST(JournalRecovery, whatTheUserRemovedAfterACrashIsNotCalledDeleted) {
+    DeletionStage stage;
+    const auto intentFor = [&](const char* name) {
+        return Intent{IntentKind::remove, entryOf(stage.home(name)), {{}, "1-1.1", {}, {}}};
+    };
+    stage.tree.fileWithText("home/refused", "text");
+    stage.tree.fileWithText("home/waiting", "text");
+    Intent refused = intentFor("refused");
+    refused.move.identity = *valueOf(stage.removal.identity(stage.home("refused")));
+    Intent waiting = intentFor("waiting");
+    waiting.move.identity = *valueOf(stage.removal.identity(stage.home("waiting")));
+    Intent begun = intentFor("noted in its turn");
+    begun.isBegun = true;
+    const Intent first = intentFor("first");
+    const Intent second = intentFor("second");
+    std::string text;
+    for (const Intent& intent : {first, refused, second, waiting, intentFor("removed by its owner"), begun})
+        text += intentText(intent);
+    leaveJournal(stage, text + droppedText(refused.entry.id));
+    EXPECT_EQ(DeletionHistory(stage.store, stage.removal).entries(),
+              (std::vector<HistoryEntry>{first.entry, second.entry, begun.entry}));
+    EXPECT_FALSE(hasJournal(stage));
+}
+
+/// Where no rename is exclusive, a file has both names for a moment.
+TEST(JournalRecovery, aMoveThatDiedBetweenItsTwoNamesIsEnded) {
+    for (const bool isRestore : {false, true}) {
+        DeletionStage stage;
+        stage.tree.fileWithText("home/file", "text");
+        stage.tree.directory("home/.Trash");
+        stage.tree.hardLink("home/.Trash/file", "home/file");
+        stage.tree.hardLink("home/other name", "home/file");
+        const FileIdentity identity = *valueOf(stage.removal.identity(stage.trash("file")));
+        HistoryEntry entry = entryOf(stage.home("file"));
+        if (isRestore)
+            entry.trashPath = stage.trash("file");
+        leaveJournal(stage,
+                     intentText({isRestore ? IntentKind::restore : IntentKind::trash,
+                                 entry,
+                                 {isRestore ? stage.home("file") : stage.trash("file"), identity, {}, {}}}));
+        (void)DeletionHistory(stage.store, stage.removal);
+        EXPECT_EQ(stage.tree.exists("home/file"), isRestore);
+        EXPECT_EQ(stage.tree.exists("home/.Trash/file"), !isRestore);
+        EXPECT_TRUE(stage.tree.exists("home/other name"));
         EXPECT_FALSE(hasJournal(stage));
     }
 }

@@ -3,7 +3,8 @@
 #include "core/walk/MeasureTree.h"
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/linux/MountPoints.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
+#include "platform/ThreadPriority.h"
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/RandomTree.h"
@@ -15,9 +16,12 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <set>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace brimlet::test {
@@ -57,6 +61,11 @@ public:
 private:
     rlimit m_before{};
 };
+
+std::string pathOf(int descriptor) {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/fd/" + std::to_string(descriptor), error).native();
+}
 
 TEST(GuardDeathTest, abortsBeforeAnythingOutsideIsChanged) {
     DeletionStage stage;
@@ -180,18 +189,25 @@ TEST(Removal, whatWentOfAnItemCountsAlthoughTheRestStayed) {
     stage.tree.file("home/item/kept/a", 8192);
     stage.tree.hardLink("home/item/kept/b", "home/item/kept/a");
     stage.tree.file("home/item/kept/c", 4096);
+    stage.tree.file("home/item/shared", 1 << 16);
+    stage.tree.hardLink("home/elsewhere", "home/item/shared");
+    stage.tree.file("home/item/twice/a", 1 << 17);
+    stage.tree.hardLink("home/item/twice/b", "home/item/twice/a");
     const std::int64_t before = measureTree(stage.home("item")).bytes;
     stage.calls.onCall = [&](const SystemCall& call) {
         stage.calls.behave();
         const std::string_view name = call.name;
-        if (std::string_view(call.call) == "unlink" && name != "a" && name != "large")
+        const bool isKept = std::filesystem::path(pathOf(call.folder)).filename() == "kept";
+        if (std::string_view(call.call) == "unlink" && isKept && name != "a")
             stage.calls.failAt(1, EPERM);
     };
+    constexpr std::int64_t outdated = 5; // what was measured at the review
     const ExecutedRun run =
-        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent, before)});
-    const std::int64_t freed = before - measureTree(stage.home("item")).bytes;
-    EXPECT_GE(freed, 1 << 20);
-    EXPECT_LT(freed, (1 << 20) + 8192) << "a file with another name left takes its bytes";
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent, outdated)});
+    const std::int64_t stillElsewhere = measureTree(stage.home("elsewhere")).bytes;
+    const std::int64_t freed = before - measureTree(stage.home("item")).bytes - stillElsewhere;
+    EXPECT_GE(freed, (1 << 20) + (1 << 17)) << "a file counts when its last name goes";
+    EXPECT_LT(freed, (1 << 20) + (1 << 17) + 8192) << "a file with another name left takes its bytes";
     EXPECT_EQ(run.report.freed, freed);
     EXPECT_TRUE(run.report.deletedPaths.empty());
     EXPECT_TRUE(run.entries.empty());
@@ -218,6 +234,7 @@ TEST(Removal, aStopLeavesTheRestInItsPlaceAndTellsWhatWent) {
             [] { return ProtectedPlaces({}, LinuxEntryLookup()); });
         for (int i = 0; i < 40; ++i)
             stage.tree.file("home/large/" + std::to_string(i) + "/file", 4096);
+        const std::int64_t large = measureTree(stage.home("large")).bytes;
         for (const char* name : {"first", "last", "later/folder/file"})
             stage.tree.fileWithText("home/" + std::string(name), "text");
         std::stop_source stop;
@@ -235,7 +252,8 @@ TEST(Removal, aStopLeavesTheRestInItsPlaceAndTellsWhatWent) {
         ASSERT_EQ(run.report.failures.size(), 3U);
         EXPECT_EQ(run.report.failures[0].reason, "Stopped before all of it was removed.");
         EXPECT_EQ(run.report.failures[1].reason, "The removal was stopped before this.");
-        EXPECT_EQ(run.parts.size(), 1U);
+        ASSERT_EQ(run.parts.size(), 1U);
+        EXPECT_EQ(run.parts.front().size, large - measureTree(stage.home("large")).bytes);
         EXPECT_TRUE(stage.tree.exists("home/large")) << "what is left has its name";
         EXPECT_GE(snapshotOf(stage.home("large")).size(), 20U);
         EXPECT_TRUE(stage.tree.exists("home/last"));
@@ -287,6 +305,87 @@ TEST(Removal, aRestWhoseNameWasTakenIsReportedUnderAnother) {
             stage.home("item 2"));
     EXPECT_TRUE(stage.tree.exists("home/item 2/stuck/file"));
     EXPECT_FALSE(stage.hasScratch());
+}
+
+/// Nobody could find again what is set aside without a note of it.
+TEST(Removal, whatCannotBeNotedGoesFromItsPlace) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/kept/file", "text");
+    stage.tree.fileWithText("home/item/gone", "text");
+    stage.tree.fileWithText("home/other/file", "text");
+    bool isRenamed = false;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        const std::string_view name = call.call;
+        isRenamed = isRenamed || name == "rename";
+        if (name == "write" || (name == "unlink" && std::string_view(call.name) == "file" &&
+                                pathOf(call.folder).ends_with("kept")))
+            stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent),
+                                DeletionStage::request(stage.home("other"), Removal::permanent)});
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    EXPECT_FALSE(isRenamed);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_EQ(run.report.failures.front().reason, "Protected by macOS or in use. Still there: kept/file.");
+    EXPECT_EQ(run.report.deletedPaths, std::vector<std::string>{stage.home("other")});
+    EXPECT_TRUE(stage.tree.exists("home/item/kept/file"));
+    EXPECT_FALSE(stage.tree.exists("home/item/gone"));
+}
+
+TEST(Removal, whatTakesAFoldersPlaceWhenItGoesInItStays) {
+    DeletionStage stage;
+    stage.tree.fileWithText("home/item/file", "text");
+    stage.tree.fileWithText("home/Documents/file", "precious");
+    int looks = 0;
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        const std::string_view name = call.call;
+        if (name == "write")
+            stage.calls.failAt(1, ENOSPC);
+        if (name != "open" || std::string_view(call.name) != "item" || ++looks > 1)
+            return;
+        fs::rename(stage.home("item"), stage.home("Away"));
+        fs::rename(stage.home("Documents"), stage.home("item"));
+    };
+    const ExecutedRun run =
+        stage.executor.execute({DeletionStage::request(stage.home("item"), Removal::permanent)});
+    stage.calls.onCall = {};
+    stage.calls.behave();
+    EXPECT_EQ(looks, 1);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_TRUE(run.report.failures.front().reason.starts_with("It has changed since it was reviewed."));
+    EXPECT_TRUE(stage.tree.exists("home/item/file"));
+    EXPECT_TRUE(stage.tree.exists("home/Away/file"));
+}
+
+/// In the window's process removals run on threads that give way to it; the command line's don't.
+TEST(Removal, itsThreadsGiveWayAsTheirCallerDoes) {
+    for (const bool yields : {true, false}) {
+        DeletionStage stage;
+        LinuxFileRemoval removal(stage.home(), stage.calls, {3, 0});
+        for (int i = 0; i < 60; ++i)
+            stage.tree.file("home/item/" + std::to_string(i) + "/file", 16);
+        std::set<std::thread::id> threads; // filled under the calls' lock
+        std::set<int> policies;
+        stage.calls.onCall = [&](const SystemCall&) {
+            threads.insert(std::this_thread::get_id());
+            policies.insert(sched_getscheduler(0));
+            std::this_thread::sleep_for(std::chrono::microseconds(200)); // leaves the others something to do
+        };
+        std::thread([&] {
+            if (yields)
+                yieldToTheWindow();
+            const PlacedIdentity reviewed = LinuxEntryLookup().find(stage.home("item"))->identity;
+            const auto pinned = valueOf(removal.pin(stage.home("item"), reviewed, nullptr));
+            EXPECT_FALSE(
+                removal.remove(*pinned, {}, [](const PlannedMove&) { return Failure(); }, {}).failure);
+        }).join();
+        EXPECT_GT(threads.size(), 1U);
+        EXPECT_EQ(policies, std::set<int>{yields ? SCHED_BATCH : SCHED_OTHER});
+    }
 }
 
 TEST(Removal, whatBelongsToAnotherMoveIsNoItem) {

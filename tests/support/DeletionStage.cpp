@@ -2,7 +2,7 @@
 
 #include "core/Paths.h"
 #include "platform/linux/LinuxEntryLookup.h"
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 #include "safety/HistoryFormat.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 
 #include "platform/linux/FileSystemCalls.h"
 
+#include <memory>
 #include <utility>
 
 namespace brimlet {
@@ -42,6 +43,19 @@ public:
 private:
     FileSystemCalls* m_calls = nullptr;
     int m_number = -1;
+};
+
+/// Stays open as long as any copy of it lives.
+class SharedDescriptor {
+public:
+    SharedDescriptor() = default;
+    SharedDescriptor(Descriptor descriptor) // NOLINT(google-explicit-constructor)
+        : m_shared(std::make_shared<const Descriptor>(std::move(descriptor))) {}
+
+    int number() const { return m_shared ? m_shared->number() : -1; }
+
+private:
+    std::shared_ptr<const Descriptor> m_shared;
 };
 
 } // namespace brimlet

@@ -10,6 +10,7 @@
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 #include <sys/sysmacros.h>
@@ -209,6 +210,12 @@ int FileSystemCalls::space(int file, DiskSpace& space) {
     // What is kept for the administrator is there for the administrator.
     space.available = static_cast<std::int64_t>(geteuid() == 0 ? raw.f_bfree : raw.f_bavail) * block;
     return 0;
+}
+
+long FileSystemCalls::fileSystemType(int file) {
+    struct statfs raw {};
+    return perform({"fileSystemType", false, file},
+                   [&]() -> long { return ::fstatfs(file, &raw) < 0 ? -1 : static_cast<long>(raw.f_type); });
 }
 
 int FileSystemCalls::lock(int file, int operation) {

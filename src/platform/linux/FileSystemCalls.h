@@ -96,6 +96,8 @@ public:
     /// Whether this process may add and remove entries of a folder: 0, -EROFS, -EACCES…
     int checkWritable(int folder);
     int space(int file, DiskSpace& space);
+    /// The kind of file system that a file is on, as statfs(2) numbers it.
+    long fileSystemType(int file);
 
     int setMode(int file, mode_t mode);
     /// Also through a descriptor that was opened with O_PATH.

@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxDirectoryLister.h"
 
-#include "platform/linux/FileSystemCalls.h"
+#include "platform/linux/KeptIdentity.h"
 
 #include <cerrno>
 #include <dirent.h>
@@ -24,8 +24,8 @@ OpenDirectory openDirectory(FileSystemCalls& calls, const std::string& folder) {
     return {directory, closedir};
 }
 
-ListedChild examined(FileSystemCalls& calls, int folder, const EntryIdentity& folderIdentity,
-                     const char* name) {
+ListedChild examined(FileSystemCalls& calls, int folder, const FileStatus& folderStatus,
+                     const KeptIdentity& kept, const char* name) {
     ListedChild child{name, std::nullopt, std::nullopt, std::nullopt};
     FileStatus status;
     if (calls.status(folder, name, status) < 0)
@@ -34,7 +34,7 @@ ListedChild examined(FileSystemCalls& calls, int folder, const EntryIdentity& fo
         static_cast<double>(status.modified.tv_sec) + static_cast<double>(status.modified.tv_nsec) / 1e9;
     if (!status.isFolder())
         child.fileBytes = status.allocatedBytes;
-    child.identity = PlacedIdentity{status.identity(), folderIdentity};
+    child.identity = PlacedIdentity{kept.of(status), kept.of(folderStatus)};
     return child;
 }
 
@@ -46,7 +46,7 @@ std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std
     FileStatus status;
     if (directory == nullptr || calls.status(dirfd(directory.get()), "", status) < 0)
         return std::nullopt;
-    const EntryIdentity identity = status.identity();
+    const KeptIdentity kept(calls, dirfd(directory.get()), status);
     std::vector<ListedChild> entries;
     for (;;) {
         errno = 0;
@@ -55,7 +55,7 @@ std::optional<std::vector<ListedChild>> LinuxDirectoryLister::children(const std
             break;
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            entries.push_back(examined(calls, dirfd(directory.get()), identity, entry->d_name));
+            entries.push_back(examined(calls, dirfd(directory.get()), status, kept, entry->d_name));
     }
     if (errno != 0)
         return std::nullopt;

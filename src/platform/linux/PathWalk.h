@@ -15,9 +15,9 @@
 namespace brimlet {
 
 struct WalkedFolder {
-    Descriptor folder; ///< opened with O_PATH: a place to name entries in, not to list or sync
-    std::string path;  ///< absolute, without links, without a trailing slash except for "/"
-    int made = 0;      ///< how many folders at the end of the path were made by the walk
+    SharedDescriptor folder; ///< opened with O_PATH: a place to name entries in, not to list or sync
+    std::string path;        ///< absolute, without links, without a trailing slash except for "/"
+    int made = 0;            ///< how many folders at the end of the path were made by the walk
 
     std::string pathOf(const std::string& name) const { return (path == "/" ? "" : path) + "/" + name; }
 };

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <ctime>
+#include <functional>
 
 namespace brimlet {
 
@@ -42,6 +43,8 @@ HistoryFile::Content HistoryFile::read() {
     const auto* text = std::get_if<std::optional<std::string>>(&bytes);
     if (!*text)
         return {State::missing, {}};
+    if (!m_written.empty() && std::hash<std::string_view>()(**text) == m_writtenHash)
+        return {State::whole, m_written};
     auto entries = historyFromText(**text);
     if (!entries)
         return {State::damaged, {}};
@@ -77,8 +80,11 @@ std::optional<std::vector<HistoryEntry>> HistoryFile::write(const HistorySnapsho
                                            ? mergedHistory(snapshot.base, snapshot.entries, file.entries)
                                            : snapshot.entries;
     applyRestored(merged, snapshot.restored);
-    if (m_store.replace(fileName, historyText(merged)))
+    const std::string text = historyText(merged);
+    if (m_store.replace(fileName, text))
         return std::nullopt;
+    m_writtenHash = std::hash<std::string_view>()(text);
+    m_written = merged;
     return merged;
 }
 

@@ -55,6 +55,8 @@ private:
     bool keepDamagedFile();
 
     RecordStore& m_store;
+    std::size_t m_writtenHash = 0; ///< of the text that was written last
+    std::vector<HistoryEntry> m_written;
 };
 
 } // namespace brimlet

@@ -2,14 +2,15 @@
 
 #include "core/Localized.h"
 #include "core/walk/MeasureTree.h"
+#include "platform/linux/KeptIdentity.h"
 #include "platform/linux/removal/DiskSync.h"
 #include "platform/linux/removal/ExclusiveRename.h"
 #include "platform/linux/removal/FreeName.h"
 #include "platform/linux/removal/NumberedName.h"
 #include "platform/linux/removal/ReviewedEntry.h"
-#include "platform/linux/removal/ScratchName.h"
 #include "platform/linux/removal/TreeCopier.h"
 #include "platform/linux/removal/TreeRemover.h"
+#include "platform/ScratchName.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -40,9 +41,16 @@ int twice(Step step) {
 
 } // namespace
 
-FileIdentity identityOf(const FileStatus& status) {
-    return std::to_string(status.inode) + "-" + std::to_string(status.born.tv_sec) + "." +
-           std::to_string(status.born.tv_nsec);
+FileIdentity identityOf(const EntryIdentity& entry) {
+    return std::to_string(entry.inode) + "-" + std::to_string(entry.bornSeconds) + "." +
+           std::to_string(entry.bornNanoseconds);
+}
+
+EntryIdentity keptIdentity(FileSystemCalls& calls, int folder, const FileStatus& status) {
+    FileStatus folderStatus;
+    if (calls.status(folder, "", folderStatus) < 0)
+        folderStatus.device = status.device;
+    return KeptIdentity(calls, folder, folderStatus).of(status);
 }
 
 Result<std::string> returnToName(FileSystemCalls& calls, int folder, const std::string& aside,
@@ -83,9 +91,11 @@ Result<TrashArrival> EntryMove::perform(const std::string& name, NameChoice choi
     const int found = m_calls.status(m_source.parent.folder.number(), m_source.name.c_str(), status);
     if (found < 0)
         return errorFromErrno(-found);
+    if (m_source.reviewed && !m_source.reviewed->isOf(status.identity()))
+        return changedSinceReview();
     if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(m_source.path())))
         return mountedInside();
-    const PlannedMove plan{{}, identityOf(status), {}, {}};
+    const PlannedMove plan{{}, identityOf(m_source.reviewed.value_or(status.identity())), {}, {}};
     Result<std::string> placed = place(m_source.parent.folder.number(), m_source.name, plan);
     const PlatformError* error = errorIn(placed);
     if (error == nullptr)
@@ -198,7 +208,7 @@ Result<TrashArrival> EntryMove::copyAcross() {
 
 /// Copies the original into the scratch folder and gives the copy its name.
 Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest, PlannedMove plan) {
-    TreeCopier copier(m_calls, manifest);
+    TreeCopier copier(m_calls, manifest, m_stop);
     if (auto failure = copier.copy(m_source.parent.folder.number(), m_source.name, scratch, copyName))
         return std::move(*failure);
     // What served to find hard links goes before the copy counts as complete.
@@ -208,7 +218,7 @@ Result<std::string> EntryMove::copyAndPlace(int scratch, CopyManifest& manifest,
     FileStatus copy;
     if (const int result = m_calls.status(scratch, copyName, copy); result < 0)
         return errorFromErrno(-result);
-    plan.identity = identityOf(copy);
+    plan.identity = identityOf(keptIdentity(m_calls, scratch, copy));
     plan.remark = remarkOn(copier.losses());
     return place(scratch, copyName, std::move(plan));
 }

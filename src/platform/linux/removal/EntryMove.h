@@ -13,7 +13,9 @@
 #include "platform/linux/removal/CopyManifest.h"
 
 #include <optional>
+#include <stop_token>
 #include <string>
+#include <utility>
 
 namespace brimlet {
 
@@ -22,14 +24,15 @@ enum class NameChoice { exact, numbered };
 
 class EntryMove {
 public:
-    /// All must outlive the move.
+    /// All must outlive the move. stop   ends and undoes a copy; once it is complete the move is done
     EntryMove(FileSystemCalls& calls, MountTable& mounts, const WalkedEntry& source,
-              const WalkedFolder& target, const BeforeMove& before)
+              const WalkedFolder& target, const BeforeMove& before, std::stop_token stop = {})
         : m_calls(calls)
         , m_mounts(mounts)
         , m_source(source)
         , m_target(target)
-        , m_before(before) {}
+        , m_before(before)
+        , m_stop(std::move(stop)) {}
 
     /// Moves the entry in under `name`, or a numbered one like it.
     /// planned   a numbered name to be tried first, or empty
@@ -55,6 +58,7 @@ private:
     const WalkedEntry& m_source;
     const WalkedFolder& m_target;
     const BeforeMove& m_before;
+    std::stop_token m_stop;
     std::string m_name;
     std::string m_planned;
     NameChoice m_choice = NameChoice::exact;
@@ -65,7 +69,10 @@ private:
 
 /// The identity of a file: its inode and the moment of its birth, which together outlast renames and
 /// restarts.
-FileIdentity identityOf(const FileStatus& status);
+FileIdentity identityOf(const EntryIdentity& entry);
+
+/// Likewise for an entry of an open folder; as far as the file system keeps it.
+EntryIdentity keptIdentity(FileSystemCalls& calls, int folder, const FileStatus& status);
 
 /// Moves an entry that was set aside back to its name in the same folder, or to a free one like it where that
 /// is taken; gives the name. Tries each twice, since what it mends must not fail for a passing error.

@@ -1,8 +1,8 @@
 #include "platform/linux/removal/ExclusiveRename.h"
 
 #include "platform/linux/Descriptor.h"
-#include "platform/linux/removal/ScratchName.h"
 #include "platform/linux/removal/TreeRemover.h"
+#include "platform/ScratchName.h"
 
 #include <cerrno>
 #include <cstdio>

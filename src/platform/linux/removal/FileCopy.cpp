@@ -17,8 +17,10 @@ namespace {
 constexpr std::size_t blockBytes = std::size_t{1} << 20;
 
 int copyRange(FileSystemCalls& calls, int from, int to, std::int64_t at, std::int64_t end,
-              std::vector<char>& block) {
+              std::vector<char>& block, const std::stop_token& stop) {
     while (at < end) {
+        if (stop.stop_requested())
+            return -ECANCELED;
         const auto wanted = std::min<std::int64_t>(end - at, static_cast<std::int64_t>(block.size()));
         const ssize_t got = calls.read(from, block.data(), static_cast<std::size_t>(wanted), at);
         if (got == 0)
@@ -123,7 +125,7 @@ int setOwner(FileSystemCalls& calls, const FileStatus& original, int to, CopyLos
 
 } // namespace
 
-int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes) {
+int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes, const std::stop_token& stop) {
     std::vector<char> block(std::min(blockBytes, static_cast<std::size_t>(std::max<std::int64_t>(bytes, 1))));
     std::int64_t at = 0;
     while (at < bytes) {
@@ -131,14 +133,15 @@ int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes) {
         if (data == -ENXIO) // nothing but a hole from here on
             break;
         if (data == -EINVAL) // a file system that knows no holes
-            return copyRange(calls, from, to, at, bytes, block);
+            return copyRange(calls, from, to, at, bytes, block, stop);
         if (data < 0)
             return static_cast<int>(data);
         const std::int64_t hole = calls.seek(from, data, SEEK_HOLE);
         if (hole < 0)
             return static_cast<int>(hole);
         data = std::min(data, bytes);
-        if (const int result = copyRange(calls, from, to, data, std::min(hole, bytes), block); result < 0)
+        if (const int result = copyRange(calls, from, to, data, std::min(hole, bytes), block, stop);
+            result < 0)
             return result;
         at = hole;
     }

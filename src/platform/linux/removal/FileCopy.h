@@ -3,10 +3,12 @@
 
 #include "platform/linux/FileSystemCalls.h"
 
+#include <stop_token>
+
 namespace brimlet {
 
-/// Copies what is written in a file and leaves its holes holes.
-int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes);
+/// Copies what is written in a file and leaves its holes holes. -ECANCELED when told to stop.
+int copyContents(FileSystemCalls& calls, int from, int to, std::int64_t bytes, const std::stop_token& stop);
 
 /// What copies could not be given because their disk can't store it.
 struct CopyLosses {

@@ -8,29 +8,52 @@
 #include "platform/linux/removal/FreeName.h"
 #include "platform/linux/removal/NumberedName.h"
 #include "platform/linux/removal/ReviewedEntry.h"
-#include "platform/linux/removal/ScratchName.h"
 #include "platform/linux/removal/TrashFolder.h"
+#include "platform/ScratchName.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <sys/stat.h>
 #include <utility>
 
 namespace brimlet {
 
 namespace {
 
+/// For how long a folder that was opened stands for what its path leads to: no longer than a thread may have
+/// to wait for a core between two calls.
+constexpr std::chrono::milliseconds moment(10);
+
+using Clock = std::chrono::steady_clock;
+
 class LinuxPinnedEntry : public PinnedEntry {
 public:
-    explicit LinuxPinnedEntry(WalkedEntry entry)
+    /// askedFolder      as the path of the entry calls it
+    /// folderIdentity   as it was reviewed
+    LinuxPinnedEntry(WalkedEntry entry, std::string_view askedFolder, const EntryIdentity& folderIdentity,
+                     Clock::time_point opened)
         : m_entry(std::move(entry))
-        , m_path(m_entry.path()) {}
+        , m_path(m_entry.path())
+        , m_askedFolder(askedFolder)
+        , m_folderIdentity(folderIdentity)
+        , m_opened(opened) {}
 
     const std::string& resolvedPath() const override { return m_path; }
     const WalkedEntry& entry() const { return m_entry; }
+    Clock::time_point opened() const { return m_opened; }
+
+    bool isIn(std::string_view askedFolder, const EntryIdentity& folderIdentity) const {
+        return m_askedFolder == askedFolder && m_folderIdentity == folderIdentity &&
+               Clock::now() - m_opened < moment;
+    }
 
 private:
     WalkedEntry m_entry;
     std::string m_path;
+    std::string m_askedFolder;
+    EntryIdentity m_folderIdentity;
+    Clock::time_point m_opened;
 };
 
 const WalkedEntry& walked(const PinnedEntry& entry) {
@@ -47,9 +70,9 @@ Failure unlessGone(const PlatformError& error) {
 }
 
 /// The plan by which an entry is removed: the one made before where it is still of this entry.
-PlannedMove removalPlan(const WalkedEntry& entry, const FileStatus& status, const PlannedMove& planned) {
-    PlannedMove plan{{}, identityOf(status), {}, {}};
-    if (!status.isFolder())
+PlannedMove removalPlan(const WalkedEntry& entry, const EntryIdentity& reviewed, const PlannedMove& planned) {
+    PlannedMove plan{{}, identityOf(reviewed), {}, {}};
+    if (!S_ISDIR(reviewed.type))
         return plan;
     const std::string_view aside = lastPathComponent(planned.setAside);
     plan.setAside = entry.parent.pathOf(isScratchName(aside) ? std::string(aside) : scratchName());
@@ -61,14 +84,20 @@ bool isReviewed(FileSystemCalls& calls, const WalkedEntry& entry, const PlacedId
                 FileStatus& status) {
     const int folder = entry.parent.folder.number();
     FileStatus parent;
-    return calls.status(folder, "", parent) == 0 && parent.identity() == reviewed.folder &&
-           calls.status(folder, entry.name.c_str(), status) == 0 && status.identity() == reviewed.entry;
+    return calls.status(folder, "", parent) == 0 && reviewed.folder.isOf(parent.identity()) &&
+           calls.status(folder, entry.name.c_str(), status) == 0 && reviewed.entry.isOf(status.identity());
 }
 
 RemovalOutcome refusal(Failure why) {
     RemovalOutcome outcome;
     outcome.failure = std::move(why);
     return outcome;
+}
+
+RemovalOutcome outcomeOf(const TreeRemover& remover, const Failure& failure, std::string rest) {
+    return {failure,          failure && remover.hasRemoved(),
+            remover.freed(),  std::move(rest),
+            remover.stayed(), remover.stayedCount()};
 }
 
 bool isSameFolder(FileSystemCalls& calls, int one, int other) {
@@ -85,21 +114,33 @@ LinuxFileRemoval::LinuxFileRemoval(std::string homeFolder, FileSystemCalls& call
     , m_calls(calls)
     , m_threads(threads) {}
 
-Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path,
-                                                           const PlacedIdentity& reviewed) {
-    Result<WalkedEntry> walk = walkToEntry(m_calls, path);
-    if (const PlatformError* error = errorIn(walk))
-        return *error;
-    WalkedEntry entry = valueOf(std::move(walk));
-    entry.reviewed = reviewed.entry;
-    FileStatus folder;
-    if (const int result = m_calls.status(entry.parent.folder.number(), "", folder); result < 0)
-        return errorFromErrno(-result);
-    if (auto changed = changeSinceReview(m_calls, entry))
+Result<std::unique_ptr<PinnedEntry>>
+LinuxFileRemoval::pin(std::string_view path, const PlacedIdentity& reviewed, const PinnedEntry* neighbour) {
+    const auto* beside = static_cast<const LinuxPinnedEntry*>(neighbour);
+    const std::string_view name = lastPathComponent(path);
+    const std::string_view askedFolder = path.substr(0, path.size() - name.size());
+    Clock::time_point opened = Clock::now();
+    WalkedEntry entry;
+    if (beside != nullptr && !name.empty() && !refusalOfForm(path) &&
+        beside->isIn(askedFolder, reviewed.folder)) {
+        entry = {beside->entry().parent, std::string(name), reviewed.entry};
+        opened = beside->opened();
+    } else {
+        Result<WalkedEntry> walk = walkToEntry(m_calls, path);
+        if (const PlatformError* error = errorIn(walk))
+            return *error;
+        entry = valueOf(std::move(walk));
+        entry.reviewed = reviewed.entry;
+        FileStatus folder;
+        if (const int result = m_calls.status(entry.parent.folder.number(), "", folder); result < 0)
+            return errorFromErrno(-result);
+        if (!reviewed.folder.isOf(folder.identity()))
+            return changedSinceReview();
+    }
+    // What is no folder is looked at by each step that it goes through.
+    if (auto changed = S_ISDIR(reviewed.entry.type) ? changeSinceReview(m_calls, entry) : Failure())
         return std::move(*changed);
-    if (folder.identity() != reviewed.folder)
-        return changedSinceReview();
-    auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry));
+    auto pinned = std::make_unique<LinuxPinnedEntry>(std::move(entry), askedFolder, reviewed.folder, opened);
     const std::vector<std::string_view> components = pathComponents(pinned->resolvedPath());
     if (std::any_of(components.begin(), components.end(), isScratchName))
         return notOurs("This belongs to a removal that is under way.");
@@ -107,12 +148,14 @@ Result<std::unique_ptr<PinnedEntry>> LinuxFileRemoval::pin(std::string_view path
 }
 
 PlannedMove LinuxFileRemoval::planRemoval(std::string_view path, const PlacedIdentity& reviewed) {
+    if (!S_ISDIR(reviewed.entry.type)) // looked at in its turn; until then no name has to be found for it
+        return removalPlan({}, reviewed.entry, {});
     const Result<WalkedEntry> walked = walkToEntry(m_calls, path);
     const auto* entry = std::get_if<WalkedEntry>(&walked);
     FileStatus status;
     if (entry == nullptr || !isReviewed(m_calls, *entry, reviewed, status))
         return {};
-    return removalPlan(*entry, status, {});
+    return removalPlan(*entry, reviewed.entry, {});
 }
 
 PlannedMove LinuxFileRemoval::planTrashing(std::string_view path, const PlacedIdentity& reviewed,
@@ -131,26 +174,55 @@ PlannedMove LinuxFileRemoval::planTrashing(std::string_view path, const PlacedId
     if (errorIn(number) != nullptr)
         return {};
     last = *std::get_if<unsigned>(&number);
-    return {trash->pathOf(numberedName(entry->name, last)), identityOf(status), {}, {}};
+    return {trash->pathOf(numberedName(entry->name, last)), identityOf(reviewed.entry), {}, {}};
 }
 
 RemovalOutcome LinuxFileRemoval::remove(const PinnedEntry& pinned, const PlannedMove& planned,
                                         const BeforeMove& before, const std::stop_token& stop) {
     const WalkedEntry& entry = walked(pinned);
-    const int folder = entry.parent.folder.number();
+    if (!S_ISDIR(entry.reviewed->type))
+        return removeFile(entry, before);
     FileStatus status;
-    if (const int result = m_calls.status(folder, entry.name.c_str(), status); result < 0)
+    if (const int result = m_calls.status(entry.parent.folder.number(), entry.name.c_str(), status);
+        result < 0)
         return refusal(errorFromErrno(-result));
-    if (status.isMountPoint || (status.isFolder() && m_mounts.holdsBelow(entry.path())))
+    if (status.isMountPoint || m_mounts.holdsBelow(entry.path()))
         return refusal(mountedInside());
-    const PlannedMove plan = removalPlan(entry, status, planned);
-    if (auto refused = before(plan))
-        return refusal(std::move(refused));
+    PlannedMove plan = removalPlan(entry, *entry.reviewed, planned);
+    const bool isNoted = !before(plan);
+    if (!isNoted) { // without a note nobody would find what is set aside
+        plan.setAside.clear();
+        if (auto refused = before(plan))
+            return refusal(std::move(refused));
+    }
     if (auto changed = changeSinceReview(m_calls, entry))
         return refusal(std::move(changed));
-    if (status.isFolder())
-        return removeSetAside(entry, std::string(lastPathComponent(plan.setAside)), stop);
-    return refusal(TreeRemover(m_calls).remove(folder, entry.name));
+    if (!isNoted)
+        return removeInPlace(entry, stop);
+    return removeSetAside(entry, std::string(lastPathComponent(plan.setAside)), stop);
+}
+
+/// What is no folder. It is looked at once, as the last thing before it goes.
+RemovalOutcome LinuxFileRemoval::removeFile(const WalkedEntry& entry, const BeforeMove& before) {
+    if (auto refused = before(removalPlan(entry, *entry.reviewed, {})))
+        return refusal(std::move(refused));
+    const int folder = entry.parent.folder.number();
+    FileStatus status;
+    int result = m_calls.status(folder, entry.name.c_str(), status);
+    if (result < 0)
+        return refusal(errorFromErrno(-result));
+    if (!entry.reviewed->isOf(status.identity()))
+        return refusal(changedSinceReview());
+    if (status.isMountPoint)
+        return refusal(mountedInside());
+    result = m_calls.unlink(folder, entry.name.c_str(), 0);
+    return refusal(result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt);
+}
+
+RemovalOutcome LinuxFileRemoval::removeInPlace(const WalkedEntry& entry, const std::stop_token& stop) {
+    TreeRemover remover(m_calls, {nullptr, m_threads, stop, entry.reviewed});
+    const Failure failure = remover.remove(entry.parent.folder.number(), entry.name);
+    return outcomeOf(remover, failure, entry.path());
 }
 
 // A folder is set aside by one rename before anything in it is removed. When that is not permitted, nothing
@@ -160,25 +232,20 @@ RemovalOutcome LinuxFileRemoval::removeSetAside(const WalkedEntry& entry, const 
     const int folder = entry.parent.folder.number();
     TreeRemover remover(m_calls, {nullptr, m_threads, stop});
     const int result = renameExclusively(m_calls, folder, entry.name, folder, aside);
-    if (result == -EXDEV) { // a file system that can't rename this folder
-        const Failure failure = remover.remove(folder, entry.name);
-        return {failure, failure && remover.hasRemoved(), entry.path(), remover.stayed(),
-                remover.stayedCount()};
-    }
+    if (result == -EXDEV) // a file system that can't rename this folder
+        return removeInPlace(entry, stop);
     if (result < 0)
         return refusal(errorFromErrno(-result));
     if (isAnotherThanReviewed(m_calls, entry, folder, aside))
-        return {
-            changedSinceReview(), false, returnRest(m_calls, entry, aside, changedSinceReview()).path, {}};
+        return outcomeOf(remover, changedSinceReview(),
+                         returnRest(m_calls, entry, aside, changedSinceReview()).path);
     const Failure failure = remover.remove(folder, aside);
-    if (!failure)
-        return {};
-    return {failure, remover.hasRemoved(), returnRest(m_calls, entry, aside, *failure).path, remover.stayed(),
-            remover.stayedCount()};
+    return outcomeOf(remover, failure,
+                     failure ? returnRest(m_calls, entry, aside, *failure).path : std::string());
 }
 
 Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, const PlannedMove& planned,
-                                                   const BeforeMove& before, const std::stop_token&) {
+                                                   const BeforeMove& before, const std::stop_token& stop) {
     const Result<WalkedFolder> opened = openTrash(m_calls, m_homeFolder);
     if (const PlatformError* error = errorIn(opened))
         return *error;
@@ -188,7 +255,7 @@ Result<TrashArrival> LinuxFileRemoval::moveToTrash(const PinnedEntry& pinned, co
         return notOurs("It is in the Trash already.");
     const std::string name(lastPathComponent(planned.destination));
     const bool isInTrash = !name.empty() && planned.destination == trash.pathOf(name);
-    return EntryMove(m_calls, m_mounts, entry, trash, before)
+    return EntryMove(m_calls, m_mounts, entry, trash, before, stop)
         .perform(entry.name, NameChoice::numbered, isInTrash ? name : std::string());
 }
 
@@ -206,9 +273,9 @@ Failure LinuxFileRemoval::moveBack(std::string_view trashPath, std::string_view 
     if (const int result = m_calls.status(entry.parent.folder.number(), entry.name.c_str(), status);
         result < 0)
         return errorFromErrno(-result);
-    if (arrived && *arrived != identityOf(status))
+    entry.reviewed = keptIdentity(m_calls, entry.parent.folder.number(), status);
+    if (arrived && *arrived != identityOf(*entry.reviewed))
         return notOurs("Something else has its name in the Trash now.");
-    entry.reviewed = status.identity();
     const Result<WalkedEntry> target = walkToEntry(m_calls, originalPath, MissingFolders::make);
     if (const PlatformError* error = errorIn(target))
         return *error;
@@ -230,7 +297,7 @@ Result<std::optional<FileIdentity>> LinuxFileRemoval::identity(std::string_view 
         return std::nullopt;
     if (result < 0)
         return errorFromErrno(-result);
-    return identityOf(status);
+    return identityOf(keptIdentity(m_calls, walkedEntry.parent.folder.number(), status));
 }
 
 Failure LinuxFileRemoval::removeScratch(std::string_view path, const std::stop_token& stop) {
@@ -243,6 +310,24 @@ Failure LinuxFileRemoval::removeScratch(std::string_view path, const std::stop_t
     const Failure failure =
         TreeRemover(m_calls, {nullptr, m_threads, stop}).remove(scratch.parent.folder.number(), scratch.name);
     return failure ? unlessGone(*failure) : std::nullopt;
+}
+
+Failure LinuxFileRemoval::dropOldName(std::string_view oldPath, std::string_view newPath) {
+    const Result<WalkedEntry> one = walkToEntry(m_calls, oldPath);
+    const Result<WalkedEntry> other = walkToEntry(m_calls, newPath);
+    const auto* from = std::get_if<WalkedEntry>(&one);
+    const auto* to = std::get_if<WalkedEntry>(&other);
+    if (from == nullptr || to == nullptr)
+        return std::nullopt;
+    FileStatus left;
+    FileStatus arrived;
+    const int folder = from->parent.folder.number();
+    if (m_calls.status(folder, from->name.c_str(), left) < 0 ||
+        m_calls.status(to->parent.folder.number(), to->name.c_str(), arrived) < 0 ||
+        !left.isSameFile(arrived) || left.isFolder() || left.links < 2)
+        return std::nullopt;
+    const int result = m_calls.unlink(folder, from->name.c_str(), 0);
+    return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
 }
 
 Failure LinuxFileRemoval::returnToPlace(std::string_view setAside, std::string_view originalPath) {

@@ -19,7 +19,8 @@ public:
     LinuxFileRemoval(std::string homeFolder, FileSystemCalls& calls,
                      RemovalThreads threads = usualRemovalThreads());
 
-    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed) override;
+    Result<std::unique_ptr<PinnedEntry>> pin(std::string_view path, const PlacedIdentity& reviewed,
+                                             const PinnedEntry* neighbour) override;
     PlannedMove planRemoval(std::string_view path, const PlacedIdentity& reviewed) override;
     PlannedMove planTrashing(std::string_view path, const PlacedIdentity& reviewed,
                              PlannedNumbers& numbers) override;
@@ -31,9 +32,12 @@ public:
                      const std::optional<FileIdentity>& arrived, const BeforeMove& before) override;
     Result<std::optional<FileIdentity>> identity(std::string_view path) override;
     Failure removeScratch(std::string_view path, const std::stop_token& stop) override;
+    Failure dropOldName(std::string_view oldPath, std::string_view newPath) override;
     Failure returnToPlace(std::string_view setAside, std::string_view originalPath) override;
 
 private:
+    RemovalOutcome removeFile(const WalkedEntry& entry, const BeforeMove& before);
+    RemovalOutcome removeInPlace(const WalkedEntry& entry, const std::stop_token& stop);
     RemovalOutcome removeSetAside(const WalkedEntry& entry, const std::string& aside,
                                   const std::stop_token& stop);
 

@@ -17,7 +17,9 @@ namespace {
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 constexpr const char* lockName = "history.lock";
 constexpr const char* reserveName = "reserve";
-constexpr std::int64_t reserveBytes = 4 << 20; // a whole history and the journal of some thousand items
+// A whole history and the journal of some thousand items. A scan shows it as any other file, for it takes its
+// room from the disk and is the user's to see.
+constexpr std::int64_t reserveBytes = 4 << 20;
 
 Failure failureOf(int result) {
     return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;

@@ -11,14 +11,14 @@ Failure changeSinceReview(FileSystemCalls& calls, const WalkedEntry& entry) {
     const int result = calls.status(entry.parent.folder.number(), entry.name.c_str(), status);
     if (result < 0)
         return errorFromErrno(-result);
-    return status.identity() == *entry.reviewed ? Failure() : changedSinceReview();
+    return entry.reviewed->isOf(status.identity()) ? Failure() : changedSinceReview();
 }
 
 bool isAnotherThanReviewed(FileSystemCalls& calls, const WalkedEntry& entry, int folder,
                            const std::string& name) {
     FileStatus status;
     return entry.reviewed && calls.status(folder, name.c_str(), status) == 0 &&
-           status.identity() != *entry.reviewed;
+           !entry.reviewed->isOf(status.identity());
 }
 
 } // namespace brimlet

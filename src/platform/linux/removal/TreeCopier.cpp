@@ -1,10 +1,12 @@
 #include "platform/linux/removal/TreeCopier.h"
 
+#include "core/Localized.h"
 #include "platform/linux/removal/TreeRemover.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace brimlet {
 
@@ -20,11 +22,17 @@ bool isUnchanged(const FileStatus& before, const FileStatus& now) {
     return now.isSameFile(before) && now.size == before.size && isEqual(now.modified, before.modified) &&
            isEqual(now.changed, before.changed);
 }
+
+PlatformError stoppedBeforeMoved() {
+    return {ErrorDomain::posix, ECANCELED, std::nullopt,
+            localized("Stopped before it was moved. It is where it was.")};
+}
 } // namespace
 
-TreeCopier::TreeCopier(FileSystemCalls& calls, CopyManifest& manifest)
+TreeCopier::TreeCopier(FileSystemCalls& calls, CopyManifest& manifest, std::stop_token stop)
     : m_calls(calls)
     , m_manifest(manifest)
+    , m_stop(std::move(stop))
     , m_listing(calls)
     , m_sources(calls)
     , m_targets(calls)
@@ -51,10 +59,14 @@ Failure TreeCopier::copy(int parent, const std::string& name, int target, const 
         result = finishCopy();
     if (result == -EXDEV)
         return mountedInside();
+    if (result == -ECANCELED)
+        return stoppedBeforeMoved();
     return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
 }
 
 int TreeCopier::copyEntry(int from, const std::string& name, int to, const std::string& newName) {
+    if (m_stop.stop_requested())
+        return -ECANCELED;
     FileStatus status;
     if (const int result = m_calls.status(from, name.c_str(), status); result < 0)
         return result;
@@ -131,7 +143,7 @@ int TreeCopier::copyFile(int from, const std::string& name, const FileStatus& st
     Descriptor target(m_calls, m_calls.open(to, newName.c_str(), writeFlags, S_IRUSR | S_IWUSR));
     if (!target.isOpen())
         return target.number();
-    result = copyContents(m_calls, source.number(), target.number(), status.size);
+    result = copyContents(m_calls, source.number(), target.number(), status.size, m_stop);
     if (result == 0)
         result = copyMetadata(m_calls, source.number(), status, target.number(), m_losses);
     if (result == 0)

@@ -16,6 +16,7 @@
 #include "platform/Result.h"
 
 #include <map>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,8 @@ public:
 
     /// calls     must outlive the copier
     /// manifest  receives what has been copied; must outlive the copier
-    TreeCopier(FileSystemCalls& calls, CopyManifest& manifest);
+    /// stop      asked between entries and within a file; stopping fails the copy
+    TreeCopier(FileSystemCalls& calls, CopyManifest& manifest, std::stop_token stop = {});
 
     /// Copies the entry `name` of `parent` into the empty folder `target`, as `newName`. On an error what has
     /// been copied so far is left there.
@@ -59,6 +61,7 @@ private:
 
     FileSystemCalls& m_calls;
     CopyManifest& m_manifest;
+    std::stop_token m_stop;
     FolderListing m_listing;
     FolderLadder m_sources;
     FolderLadder m_targets;

@@ -1,4 +1,4 @@
-#include "platform/linux/removal/ScratchName.h"
+#include "platform/ScratchName.h"
 
 #include <algorithm>
 #include <array>
