@@ -1,6 +1,5 @@
 """The lists of files: Large & Old and By Type."""
 import csv
-import unittest
 import re
 
 from harness import disk
@@ -120,7 +119,6 @@ class Files(ProgramCase):
             self.assert_eventually(lambda: self.controls.find(column, "push button").description
                                    .startswith("Sorted"), f"{column} sorts")
 
-    @unittest.skip("A right click where a tooltip stands does not always open the menu")
     def test_menu_of_a_row(self) -> None:
         def choose(entry: str) -> None:
             self.controls.click(row("Report.pdf"), "list item", button=3)

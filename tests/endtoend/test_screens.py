@@ -1,5 +1,4 @@
 """Screens come and go while a screen reader listens."""
-import unittest
 import itertools
 import re
 
@@ -44,7 +43,6 @@ class Screens(ProgramCase):
             if self.program.has_ended():
                 self.fail(f"the program ends on the way to {name}: {self.program.exit_status()}")
 
-    @unittest.skip("The menu of the toolbar does not always open again where its tooltip stands")
     def test_stages_and_sheets_come_and_go_while_somebody_listens(self) -> None:
         listener = Listener()
         self.addCleanup(listener.stop)

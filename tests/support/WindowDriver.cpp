@@ -5,10 +5,10 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
-#include <utility>
 #include <QQuickItem>
 #include <QTest>
 #include <QtQuickTest/quicktest.h>
+#include <utility>
 
 namespace brimlet::test {
 
@@ -215,14 +215,19 @@ void WindowDriver::awaitRest(const QString& name, QAccessible::Role role) {
     });
 }
 
-bool WindowDriver::click(const QString& name, QAccessible::Role role) {
+QPoint WindowDriver::middleOf(const QString& name, QAccessible::Role role) {
     if (await(name, role) == nullptr)
-        return false;
+        return {};
     awaitRest(name, role);
     const QQuickItem* item = find(name, role);
-    if (item == nullptr)
+    return item != nullptr ? sceneRect(item).center().toPoint() : QPoint();
+}
+
+bool WindowDriver::click(const QString& name, QAccessible::Role role) {
+    const QPoint middle = middleOf(name, role);
+    if (middle.isNull())
         return false;
-    QTest::mouseClick(&m_window, Qt::LeftButton, {}, sceneRect(item).center().toPoint());
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, middle);
     handleEvents();
     return true;
 }
