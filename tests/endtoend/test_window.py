@@ -40,6 +40,12 @@ class Window(ProgramCase):
             again()
             self.assert_eventually(lambda: self.files_counted() > before, "the new file is counted")
 
+    def test_prompt_scans_the_whole_disk(self) -> None:
+        self.pointer.go_to("Explorer")
+        self.pointer.push("Scan Entire Disk")
+        self.assert_shows("Scan: Entire disk", re.compile("^(Stop|Rescan)$"))
+        self.controls.wait_until_gone("Scan Entire Disk", "push button")
+
     def files_counted(self) -> int:
         tile = self.controls.find(re.compile("^Files: "), "label")
         return int(tile.name.split(": ")[1].replace(",", "")) if tile else 0
