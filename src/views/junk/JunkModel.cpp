@@ -2,9 +2,9 @@
 
 #include "app/Formats.h"
 #include "app/Texts.h"
-#include "core/FileKind.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
+#include "views/base/FolderLook.h"
 
 #include <algorithm>
 #include <map>
@@ -226,7 +226,7 @@ QVariant JunkModel::itemValue(const Row& row, int role) const {
     case size:
         return qint64{item.size};
     case directory:
-        return fileKindForName(lastPathComponent(item.path)) == FileKind::other; // most junk is folders
+        return looksLikeFolder(item.identity, lastPathComponent(item.path));
     case tick:
         return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
     case path:

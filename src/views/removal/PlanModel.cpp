@@ -2,8 +2,8 @@
 
 #include "app/Formats.h"
 #include "app/Texts.h"
-#include "core/FileKind.h"
 #include "core/Paths.h"
+#include "views/base/FolderLook.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -161,7 +161,7 @@ QVariant PlanModel::itemValue(const PlanItem& item, int role) const {
     case path:
         return shownText(displayPath(item.path, state() ? state()->homeFolder() : std::string()));
     case directory:
-        return fileKindForName(item.name) == FileKind::other; // most junk is folders
+        return looksLikeFolder(item.identity, item.name);
     default:
         return {};
     }

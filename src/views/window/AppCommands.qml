@@ -31,10 +31,16 @@ Item {
         onTriggered: Updates.checkForUpdates()
     }
     readonly property Action quit: Action {
-        shortcut: "Ctrl+Q"
         text: qsTr("Quit Brimlet")
         onTriggered: Qt.quit()
     }
 
     signal settingsWanted
+
+    // An action's own shortcut rests while a sheet is open.
+    Shortcut {
+        context: Qt.ApplicationShortcut
+        sequence: "Ctrl+Q"
+        onActivated: commands.quit.trigger()
+    }
 }

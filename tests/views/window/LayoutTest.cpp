@@ -125,7 +125,7 @@ void visitCleaning(FilledWindow& filled, const std::string& where) {
 
 class FilledLayout : public testing::TestWithParam<Size> {};
 
-TEST_P(FilledLayout, DISABLED_screensFitAtEveryTextSize) {
+TEST_P(FilledLayout, screensFitAtEveryTextSize) {
     FilledWindow filled;
     filled.window().resize(GetParam().width, GetParam().height);
     for (const double scale : {1.0, 1.5, 2.0}) {
@@ -137,7 +137,7 @@ TEST_P(FilledLayout, DISABLED_screensFitAtEveryTextSize) {
     }
 }
 
-TEST_P(FilledLayout, DISABLED_mirroredScreensFit) {
+TEST_P(FilledLayout, mirroredScreensFit) {
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     {
         FilledWindow filled;
