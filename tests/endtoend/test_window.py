@@ -64,6 +64,14 @@ class Window(ProgramCase):
         self.pointer.push("Scan")
         self.assert_shows("Scan: Movies", "Files: 2")
 
+    def test_chosen_folder_without_folders_in_it(self) -> None:
+        self.pointer.choose(re.compile("^Scan: "), "Choose Folder…")
+        self.controls.wait_for("Choose a Folder", "dialog")
+        self.controls.click("Movies", "label", times=2)
+        self.controls.wait_until_gone("Pictures", "label")
+        self.controls.click("Scan", "push button")
+        self.assert_shows("Scan: Movies")
+
     def test_whole_disk_and_stop(self) -> None:
         starts = (lambda: self.pointer.choose(re.compile("^Scan: "), "Entire Disk"),
                   lambda: self.pointer.choose("Menu", "Scan Entire Disk"),

@@ -261,6 +261,7 @@ protected:
     MapScreen() {
         state().setSection(AppSection::explorer);
         driver().click("Map");
+        driver().middleOf("Map of sam"); // once it has its place
         m_map = qobject_cast<SunburstView*>(driver().await("Map of sam"));
     }
 

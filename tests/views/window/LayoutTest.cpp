@@ -192,6 +192,22 @@ TEST(LayoutDirection, arrowKeysFollowIt) {
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
+TEST(LayoutDirection, columnsGetWiderTowardsTheirEdge) {
+    for (const auto& [direction, key] :
+         {std::pair(Qt::LeftToRight, Qt::Key_Right), std::pair(Qt::RightToLeft, Qt::Key_Left)}) {
+        QGuiApplication::setLayoutDirection(direction);
+        FilledWindow filled;
+        filled.finishScan();
+        filled.state().setSection(AppSection::large);
+        ASSERT_TRUE(filled.driver().tabTo("Category"));
+        const QQuickItem* title = filled.window().window().activeFocusItem();
+        const double before = title->width();
+        filled.driver().key(key, Qt::ControlModifier);
+        EXPECT_GT(title->width(), before) << direction;
+    }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 TEST(TextSize, followsTheSystemWhileTheProgramRuns) {
     FilledWindow filled;
     filled.window();
