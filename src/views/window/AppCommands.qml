@@ -32,7 +32,11 @@ Item {
     }
     readonly property Action quit: Action {
         text: qsTr("Quit Brimlet")
-        onTriggered: Qt.quit()
+        // To quit closes no window, so nobody else asks whether something is at work.
+        onTriggered: {
+            if (App.readyToQuit())
+                Qt.quit();
+        }
     }
 
     signal settingsWanted
