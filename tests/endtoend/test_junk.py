@@ -16,8 +16,8 @@ class Junk(ProgramCase):
 
     def test_sheet_takes_what_is_agreed_to(self) -> None:
         before = disk.snapshot(self.home)
-        self.pointer.tick("App caches")
-        self.pointer.tick("Installers in Downloads")
+        for rule in ("App caches", "Trash", "Installers in Downloads"):
+            self.pointer.tick(rule)
         self.pointer.push("Deselect")
         self.controls.wait_until_gone("Clean…")
         self.pointer.tick("App caches")

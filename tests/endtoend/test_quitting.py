@@ -1,4 +1,8 @@
 """The ways to end the program, at rest and at work."""
+import os
+import re
+
+from harness import disk
 from harness.case import ProgramCase
 
 
@@ -19,6 +23,41 @@ class Quitting(ProgramCase):
                     self.start()
                 quit_program()
                 self.assert_ends()
+
+    def test_while_a_sheet_asks(self) -> None:
+        self.pointer.go_to("Junk")
+        self.pointer.tick("App caches")
+        self.pointer.push("Clean…")
+        self.controls.wait_for("Clean Junk", "dialog")
+        before = disk.snapshot(self.home)
+        self.controls.press("ctrl+q")
+        self.assert_ends()
+        self.assertEqual(disk.snapshot(self.home), before)
+
+    def test_while_it_removes(self) -> None:
+        """What isn't gone by then is back in its place, and the next start has nothing left to do."""
+        before = disk.snapshot(self.home)
+        large = "Library/Caches/com.example.large"
+        for folder in range(400):
+            (self.home / large / str(folder)).mkdir(parents=True)
+            for file in range(400):
+                os.mknod(self.home / large / str(folder) / str(file))
+        self.pointer.go_to("Junk")
+        self.controls.click(re.compile("^App caches, "), "list item")
+        self.pointer.tick("com.example.large")
+        self.pointer.push("Clean…")
+        self.pointer.push("Delete")
+        self.assert_eventually(lambda: not self.exists(large), "it is set aside")
+        self.controls.press("ctrl+q")
+        self.assertLess(self.program.seconds_until_end(), 10)
+        self.assertEqual(self.program.exit_status(), 0)
+        after = disk.snapshot(self.home)
+        self.assertEqual(disk.gone(before, after), set())
+        left = {place for place in after if place not in before}
+        self.assertTrue(all(place.startswith(large) for place in left), "no trace of what was set aside")
+        self.start()
+        self.pointer.go_to("History")
+        self.assertTrue(disk.snapshot(self.home) == after, "nothing is removed or put back at the next start")
 
     def test_while_it_works(self) -> None:
         works = {"a scan": lambda: self.controls.press("ctrl+r"),

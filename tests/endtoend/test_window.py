@@ -40,6 +40,12 @@ class Window(ProgramCase):
             again()
             self.assert_eventually(lambda: self.files_counted() > before, "the new file is counted")
 
+    def test_prompt_scans_the_whole_disk(self) -> None:
+        self.pointer.go_to("Explorer")
+        self.pointer.push("Scan Entire Disk")
+        self.assert_shows("Scan: Entire disk", re.compile("^(Stop|Rescan)$"))
+        self.controls.wait_until_gone("Scan Entire Disk", "push button")
+
     def files_counted(self) -> int:
         tile = self.controls.find(re.compile("^Files: "), "label")
         return int(tile.name.split(": ")[1].replace(",", "")) if tile else 0
@@ -57,6 +63,14 @@ class Window(ProgramCase):
         self.controls.click("Movies", "label")
         self.pointer.push("Scan")
         self.assert_shows("Scan: Movies", "Files: 2")
+
+    def test_chosen_folder_without_folders_in_it(self) -> None:
+        self.pointer.choose(re.compile("^Scan: "), "Choose Folder…")
+        self.controls.wait_for("Choose a Folder", "dialog")
+        self.controls.click("Movies", "label", times=2)
+        self.controls.wait_until_gone("Pictures", "label")
+        self.controls.click("Scan", "push button")
+        self.assert_shows("Scan: Movies")
 
     def test_whole_disk_and_stop(self) -> None:
         starts = (lambda: self.pointer.choose(re.compile("^Scan: "), "Entire Disk"),

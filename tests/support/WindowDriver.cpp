@@ -28,8 +28,9 @@ void collect(QQuickItem* item, QList<QQuickItem*>& found) {
     found.append(item);
 }
 
-QAccessible::Role accessibleRole(QQuickItem* item) {
-    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(item);
+QAccessible::Role accessibleRole(const QQuickItem* item) {
+    auto* asked = const_cast<QQuickItem*>(item);
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(asked);
     return accessible != nullptr ? accessible->role() : QAccessible::NoRole;
 }
 
@@ -69,17 +70,19 @@ bool isFlickable(const QQuickItem* item) {
     return item->inherits("QQuickFlickable");
 }
 
+/// Whether rows without end scroll by themselves in a clipping item.
+bool holdsRows(const QQuickItem* item) {
+    const QList<QQuickItem*> inside = item->childItems();
+    return std::any_of(inside.begin(), inside.end(), [](const QQuickItem* child) {
+        return child->property("contentHeight").toReal() > child->height();
+    });
+}
+
 /// All that a clipping item can show: what it can be scrolled to, or else its own area. In its coordinates.
 QRectF showable(const QQuickItem* item) {
     const QRectF area(0, 0, item->width(), item->height());
-    if (!isFlickable(item)) {
-        // Rows without end scroll by themselves.
-        const QList<QQuickItem*> inside = item->childItems();
-        const bool rows = std::any_of(inside.begin(), inside.end(), [](const QQuickItem* child) {
-            return child->property("contentHeight").toReal() > child->height();
-        });
-        return rows ? area.adjusted(0, -area.height(), 0, area.height()) : area;
-    }
+    if (!isFlickable(item))
+        return holdsRows(item) ? area.adjusted(0, -area.height(), 0, area.height()) : area;
     const auto value = [&](const char* name) { return item->property(name).toReal(); };
     const QRectF content(value("originX") - value("contentX"), value("originY") - value("contentY"),
                          value("contentWidth"), value("contentHeight"));
@@ -96,7 +99,7 @@ bool isOutOfReach(const QQuickItem* item, const QRectF& ink) {
             up->mapRectToScene(showable(up)).adjusted(-tolerance, -tolerance, tolerance, tolerance);
         if (!room.contains(stretch))
             return true;
-        if (isFlickable(up))
+        if (isFlickable(up) || holdsRows(up))
             stretch = sceneRect(up);
     }
     return false;
@@ -145,6 +148,15 @@ bool isInFlickable(const QQuickItem* item) {
 bool isAbovePage(const QQuickItem* item) {
     for (const QQuickItem* up = item; up != nullptr; up = up->parentItem()) {
         if (up->inherits("QQuickOverlay"))
+            return true;
+    }
+    return false;
+}
+
+/// A notice lies over the page for a moment.
+bool isInNotice(const QQuickItem* item) {
+    for (const QQuickItem* up = item; up != nullptr; up = up->parentItem()) {
+        if (accessibleRole(up) == QAccessible::AlertMessage)
             return true;
     }
     return false;
@@ -219,11 +231,16 @@ QQuickItem* WindowDriver::awaitRest(const QString& name, QAccessible::Role role)
     return find(name, role);
 }
 
-bool WindowDriver::click(const QString& name, QAccessible::Role role) {
+QPoint WindowDriver::middleOf(const QString& name, QAccessible::Role role) {
     const QQuickItem* item = awaitRest(name, role);
-    if (item == nullptr)
+    return item != nullptr ? sceneRect(item).center().toPoint() : QPoint();
+}
+
+bool WindowDriver::click(const QString& name, QAccessible::Role role) {
+    const QPoint middle = middleOf(name, role);
+    if (middle.isNull())
         return false;
-    QTest::mouseClick(&m_window, Qt::LeftButton, {}, sceneRect(item).center().toPoint());
+    QTest::mouseClick(&m_window, Qt::LeftButton, {}, middle);
     handleEvents();
     return true;
 }
@@ -251,7 +268,12 @@ QStringList WindowDriver::layoutFaults() const {
         handleEvents();
     }
     QStringList faults;
-    QList<std::pair<QString, QRectF>> seen;
+    struct Ink {
+        QString text;
+        QRectF rect;
+        bool inNotice;
+    };
+    QList<Ink> seen;
     const QRectF window(0, 0, m_window.width(), m_window.height());
     const QList<QQuickItem*> items = visibleItems();
     const bool sheet = std::any_of(items.begin(), items.end(), [](QQuickItem* item) {
@@ -272,11 +294,13 @@ QStringList WindowDriver::layoutFaults() const {
             faults.append(QStringLiteral("“%1” %2").arg(text, fault));
         const QRectF ink =
             inSight(item, inkRect(item)).adjusted(tolerance, tolerance, -tolerance, -tolerance);
-        for (const auto& [other, rect] : seen) {
-            if (rect.intersects(ink))
-                faults.append(QStringLiteral("“%1” lies over “%2”").arg(other, text));
+        const bool inNotice = isInNotice(item);
+        for (const auto& other : seen) {
+            if (other.rect.intersects(ink) && other.inNotice == inNotice)
+                faults.append(QStringLiteral("“%1” lies over “%2”").arg(other.text, text));
         }
-        seen.append({text, ink});
+        if (!ink.isEmpty())
+            seen.append({text, ink, inNotice});
     }
     return faults;
 }

@@ -30,6 +30,10 @@ public:
     /// Waits until nothing of this name is visible.
     bool awaitGone(const QString& name);
 
+    /// Where the middle of a control is in the window once it stands still. Adds a test failure and returns
+    /// null where there is none.
+    QPoint middleOf(const QString& name, QAccessible::Role role = QAccessible::NoRole);
+
     /// Clicks the middle of a control with the left button once it stands still. False where there is none.
     bool click(const QString& name, QAccessible::Role role = QAccessible::NoRole);
 

@@ -90,11 +90,12 @@ void Removals::remove(std::function<Requests()> requests,
 void Removals::restore(std::shared_ptr<const Entries> entries, std::function<void(const PutBackPtr&)> then) {
     queue(
         [entries = std::move(entries), stop = m_stop.get_token()](DeletionHistory& history) {
-            const RestoreOutcome done = history.restoring(*entries)(stop);
+            RestoreOutcome done = history.restoring(*entries)(stop);
             history.adopt(done);
             PutBack outcome;
             for (const HistoryEntry& entry : done.restored)
                 outcome.paths.insert(entry.originalPath);
+            outcome.remarks = std::move(done.remarks);
             return largeValue(std::move(outcome));
         },
         std::move(then));

@@ -41,6 +41,7 @@ using FinishedRemovalPtr = std::shared_ptr<const FinishedRemoval>;
 /// What was put back.
 struct PutBack {
     std::unordered_set<std::string> paths;
+    std::vector<DeletionFailure> remarks; ///< on what came back all the same
 };
 using PutBackPtr = std::shared_ptr<const PutBack>;
 

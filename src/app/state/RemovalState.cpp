@@ -4,17 +4,27 @@
 #include "app/state/NoticeState.h"
 #include "app/state/PreferencesState.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace brimlet {
 
 namespace {
 
-Toast toastOf(DeletionNotice said) {
-    Toast toast;
-    toast.message = std::move(said.message);
+/// The notice with what there is to say about items that went or came all the same, each sentence once.
+Toast toastOf(DeletionNotice said, const std::vector<DeletionFailure>& remarks) {
+    std::vector<std::string_view> sentences;
     if (!said.detail.empty())
-        toast.detail = std::move(said.detail);
+        sentences.push_back(said.detail);
+    for (const DeletionFailure& remark : remarks) {
+        if (std::ranges::find(sentences, remark.reason) == sentences.end())
+            sentences.push_back(remark.reason);
+    }
+    Toast toast;
+    for (const std::string_view sentence : sentences)
+        toast.detail = toast.detail ? *toast.detail + " " + std::string(sentence) : std::string(sentence);
+    toast.message = std::move(said.message);
     return toast;
 }
 
@@ -69,7 +79,7 @@ void RemovalState::runDeletion(std::function<std::vector<DeletionRequest>()> req
 }
 
 void RemovalState::tell(const FinishedRemovalPtr& outcome) {
-    Toast toast = toastOf(noticeOf(outcome->report));
+    Toast toast = toastOf(noticeOf(outcome->report), outcome->report.remarks);
     if (!outcome->undoable.empty())
         toast.undoable = {outcome, &outcome->undoable};
     m_notice.setToast(std::move(toast));
@@ -80,7 +90,8 @@ void RemovalState::tell(const FinishedRemovalPtr& outcome) {
 void RemovalState::restoreEntries(std::shared_ptr<const std::vector<HistoryEntry>> entries) {
     m_removals.restore(std::move(entries), [this](const PutBackPtr& outcome) {
         m_updates.takeBack({outcome, &outcome->paths}, [this, outcome] {
-            m_notice.setToast(toastOf(restoreNotice(static_cast<int>(outcome->paths.size()))));
+            m_notice.setToast(
+                toastOf(restoreNotice(static_cast<int>(outcome->paths.size())), outcome->remarks));
         });
     });
 }
@@ -88,7 +99,10 @@ void RemovalState::restoreEntries(std::shared_ptr<const std::vector<HistoryEntry
 void RemovalState::restoreEntry(const HistoryEntry& entry) {
     m_removals.restore(std::make_shared<const std::vector<HistoryEntry>>(1, entry),
                        [this](const PutBackPtr& outcome) {
-                           m_updates.takeBack({outcome, &outcome->paths}, [] {});
+                           m_updates.takeBack({outcome, &outcome->paths}, [this, outcome] {
+                               if (!outcome->remarks.empty())
+                                   m_notice.setToast(toastOf(restoreNotice(1), outcome->remarks));
+                           });
                        });
 }
 

@@ -1,4 +1,5 @@
 // A menu that drops from a button, which opens and closes it by `toggle`; or one that pops up where it is asked for.
+// It goes at once: while a popup fades, it takes presses that are meant for what lies behind it.
 import QtQuick
 import QtQuick.Templates as T
 import QtQuick.Window
@@ -18,7 +19,7 @@ T.Menu {
     padding: Theme.spaceXs
 
     function toggle() {
-        if (opened)
+        if (visible)
             close();
         else
             open();
@@ -48,8 +49,5 @@ T.Menu {
     }
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Theme.quick }
-    }
-    exit: Transition {
-        NumberAnimation { property: "opacity"; to: 0; duration: Theme.quick }
     }
 }

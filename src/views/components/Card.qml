@@ -29,6 +29,7 @@ Rectangle {
             kind: AppText.Heading
             text: card.heading
             visible: card.heading !== ""
+            wrapMode: Text.Wrap
         }
     }
 }

@@ -9,6 +9,9 @@ T.TextField {
     readonly property real symbolRoom: Theme.spaceS + Theme.iconSmall + Theme.spaceS
     readonly property real clearRoom: clear.visible ? clear.width + Theme.spaceXs : Theme.spaceS
 
+    /// Holds the placeholder at its smallest.
+    readonly property real leastWidth: Math.ceil(smallest.advanceWidth) + symbolRoom + Theme.spaceL
+
     signal edited
 
     color: Theme.text
@@ -46,6 +49,13 @@ T.TextField {
         }
     }
 
+    TextMetrics {
+        id: smallest
+
+        font.family: Theme.wordFamily
+        font.pixelSize: Theme.smallCaptionSize
+        text: control.placeholderText
+    }
     AppText {
         color: control.placeholderTextColor
         fontSizeMode: Text.HorizontalFit
@@ -71,12 +81,13 @@ T.TextField {
         anchors.right: parent.right
         anchors.rightMargin: Theme.spaceXs / 2
         anchors.verticalCenter: parent.verticalCenter
-        focusPolicy: Qt.NoFocus
+        focusPolicy: Qt.TabFocus
         symbol: "xmark.circle.fill"
         text: qsTr("Clear search")
         visible: control.text !== ""
 
         onClicked: {
+            control.forceActiveFocus(); // the button goes
             control.clear();
             control.edited();
         }

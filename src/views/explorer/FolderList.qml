@@ -30,6 +30,8 @@ ColumnLayout {
         Layout.minimumHeight: Theme.tableMinimumHeight
 
         NodeTable {
+            id: rows
+
             actions: nodeActions
             anchors.fill: parent
             columns: [
@@ -68,6 +70,7 @@ ColumnLayout {
         actionTitle: qsTr("Delete…")
         count: folder.selectedCount
         size: folder.selectedSize
+        table: rows
         onActed: {
             nodeActions.takeSelected(folder);
             nodeActions.remove();

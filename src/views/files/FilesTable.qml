@@ -27,6 +27,8 @@ ColumnLayout {
         Layout.minimumHeight: Theme.tableMinimumHeight
 
         NodeTable {
+            id: rows
+
             actions: nodeActions
             anchors.fill: parent
             columns: [
@@ -61,6 +63,7 @@ ColumnLayout {
         actionTitle: qsTr("Delete…")
         count: view.table.selectedCount
         size: view.table.selectedSize
+        table: rows
         onActed: {
             nodeActions.takeSelected(view.table);
             nodeActions.remove();

@@ -33,7 +33,7 @@ ColumnLayout {
         SearchField {
             placeholderText: qsTr("Search by name (use / to search paths)")
             text: bar.filter.query
-            width: conditions.searchRoom < Theme.columnM ? conditions.width : conditions.searchRoom
+            width: conditions.searchRoom < leastWidth ? conditions.width : conditions.searchRoom
 
             onEdited: bar.filter.query = text
         }

@@ -1,5 +1,6 @@
 #include "views/files/FilterEditor.h"
 
+#include "app/state/NavigationState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
 #include "platform/HomeFolder.h"

@@ -1,8 +1,8 @@
 #include "views/interaction/TipFinder.h"
 
 #include "views/interaction/FocusInSight.h"
+#include "views/interaction/ItemOrder.h"
 
-#include <algorithm>
 #include <QMouseEvent>
 #include <QQuickWindow>
 #include <QStringList>
@@ -27,14 +27,6 @@ QString ownTip(const QQuickItem& item) {
         return tip;
     const bool shortened = isText(item) && item.property("truncated").toBool();
     return shortened ? item.property("text").toString() : QString();
-}
-
-QList<QQuickItem*> topmostFirst(const QQuickItem& item) {
-    QList<QQuickItem*> children = item.childItems();
-    std::stable_sort(children.begin(), children.end(),
-                     [](const QQuickItem* left, const QQuickItem* right) { return left->z() < right->z(); });
-    std::reverse(children.begin(), children.end());
-    return children;
 }
 
 /// The innermost item at a place of the scene that has something to say. What an item says by itself goes

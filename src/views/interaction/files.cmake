@@ -3,6 +3,7 @@ brimlet_room(interaction
         Assistive.cpp
         FocusInSight.cpp
         KeyGuard.cpp
+        PressGuard.cpp
         TipFinder.cpp
     QML
         AppToolTip WindowTips)

@@ -3,11 +3,11 @@
 #include "app/Formats.h"
 #include "app/state/JunkState.h"
 #include "app/Texts.h"
-#include "core/FileKind.h"
 #include "core/Paths.h"
 #include "junk/JunkCatalogue.h"
 #include "platform/SystemOpener.h"
 #include "tables/SystemTables.h"
+#include "views/base/FolderLook.h"
 
 #include <algorithm>
 #include <map>
@@ -229,7 +229,7 @@ QVariant JunkModel::itemValue(const Row& row, int role) const {
     case size:
         return qint64{item.size};
     case directory:
-        return fileKindForName(lastPathComponent(item.path)) == FileKind::other; // most junk is folders
+        return looksLikeFolder(item.identity, lastPathComponent(item.path));
     case tick:
         return static_cast<int>(m_selection.contains(item) ? TickState::on : TickState::off);
     case path:

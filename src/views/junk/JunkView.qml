@@ -172,6 +172,7 @@ FocusScope {
             actionTitle: qsTr("Clean…")
             count: junk.selectedCount
             size: junk.selectedSize
+            table: list
             onActed: junk.clean()
             onCleared: junk.clearSelection()
         }

@@ -18,6 +18,9 @@ RowLayout {
         SunburstView {
             id: map
 
+            // In a small map with large text its label shrinks; the panel beside it says the same.
+            readonly property int leastLabelSize: 8
+
             anchors.fill: parent
             focus: true
             state: App
@@ -47,7 +50,7 @@ RowLayout {
                 fontSizeMode: Text.HorizontalFit
                 horizontalAlignment: Text.AlignHCenter
                 kind: AppText.Heading
-                minimumPixelSize: font.pixelSize * 0.7
+                minimumPixelSize: map.leastLabelSize
                 text: map.title
             }
             AppText {
@@ -57,7 +60,7 @@ RowLayout {
                 font.weight: Font.Bold
                 fontSizeMode: Text.HorizontalFit
                 horizontalAlignment: Text.AlignHCenter
-                minimumPixelSize: font.pixelSize * 0.7
+                minimumPixelSize: map.leastLabelSize
                 text: Formats.bytes(map.size)
             }
             RowLayout {

@@ -41,7 +41,9 @@ Row {
 
             Keys.onReturnPressed: clicked()
             Keys.onPressed: event => {
-                const wider = { [Qt.Key_Left]: -Theme.spaceL, [Qt.Key_Right]: Theme.spaceL }[event.key];
+                const towardsEnd = Theme.mirrored ? Qt.Key_Left : Qt.Key_Right;
+                const towardsStart = Theme.mirrored ? Qt.Key_Right : Qt.Key_Left;
+                const wider = { [towardsStart]: -Theme.spaceL, [towardsEnd]: Theme.spaceL }[event.key];
                 event.accepted = wider !== undefined && (event.modifiers & Qt.ControlModifier) !== 0;
                 if (event.accepted)
                     header.resized(index, Math.max(Theme.columnMinimum, width + wider));

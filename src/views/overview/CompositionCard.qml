@@ -25,7 +25,7 @@ Card {
     GridLayout {
         Layout.fillWidth: true
         columnSpacing: Theme.spaceXl
-        columns: card.width < 620 ? 1 : 2
+        columns: card.width < Theme.scaled(620) ? 1 : 2
         rowSpacing: 0
 
         Repeater {

@@ -34,7 +34,7 @@ Item {
         GridLayout {
             Layout.fillWidth: true
             columnSpacing: Theme.spaceL
-            columns: view.width < 760 ? 2 : 4
+            columns: view.width < Theme.scaled(760) ? 2 : 4
             rowSpacing: Theme.spaceL
 
             StatTile {

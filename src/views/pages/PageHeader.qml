@@ -10,9 +10,14 @@ RowLayout {
     property string subtitle
     default property alias trailing: end.data
 
+    // The texts are no narrow column: what leaves them no room stands below.
+    readonly property bool stacked: width > 0 && width - end.implicitWidth - spacing < 1.5 * Theme.nameColumn
+
     spacing: Theme.spaceL
 
     ColumnLayout {
+        id: texts
+
         Layout.fillWidth: true
         spacing: Theme.spaceXs
 
@@ -34,6 +39,8 @@ RowLayout {
     RowLayout {
         id: end
 
+        Layout.fillWidth: false
+        parent: header.stacked ? texts : header
         spacing: Theme.spaceS
         visible: children.length > 0
     }

@@ -75,6 +75,7 @@ Sheet {
             anchors.fill: parent
             anchors.margins: Theme.hairline
             boundsBehavior: Flickable.StopAtBounds
+            cacheBuffer: 0 // nothing is still being built when the next plan comes
             clip: true
             highlightFollowsCurrentItem: false
             model: plan

@@ -4,8 +4,8 @@
 #include "app/state/PreferencesState.h"
 #include "app/state/RemovalState.h"
 #include "app/Texts.h"
-#include "core/FileKind.h"
 #include "core/Paths.h"
+#include "views/base/FolderLook.h"
 
 #include <algorithm>
 #include <QLocale>
@@ -164,7 +164,7 @@ QVariant PlanModel::itemValue(const PlanItem& item, int role) const {
     case path:
         return shownText(displayPath(item.path, state() ? state()->homeFolder() : std::string()));
     case directory:
-        return fileKindForName(item.name) == FileKind::other; // most junk is folders
+        return looksLikeFolder(item.identity, item.name);
     default:
         return {};
     }

@@ -1,6 +1,7 @@
 // What is selected in a table, and what can be done with it.
 import QtQuick
 import QtQuick.Layouts
+import QtQuick.Window
 import Brimlet
 import Brimlet.App
 
@@ -10,6 +11,7 @@ Rectangle {
     required property int count
     required property real size ///< bytes
     required property string actionTitle
+    required property Item table ///< gets the keyboard back when the bar goes with it
 
     signal cleared
     signal acted
@@ -17,6 +19,23 @@ Rectangle {
     color: Theme.card
     implicitHeight: Math.max(Theme.toolbarHeight, line.implicitHeight + 2 * Theme.spaceS)
     visible: count > 0
+
+    onVisibleChanged: {
+        if (!visible && table.visible && hasKeyboard())
+            table.forceActiveFocus(Qt.OtherFocusReason);
+    }
+
+    // What goes with the bar may have lost it by now.
+    function hasKeyboard(): bool {
+        let item = Window.activeFocusItem;
+        if (item === null || item === Window.contentItem)
+            return true;
+        for (; item !== null; item = item.parent) {
+            if (item === bar)
+                return true;
+        }
+        return false;
+    }
 
     Rectangle {
         color: Theme.cardBorder

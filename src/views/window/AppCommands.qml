@@ -31,10 +31,20 @@ Item {
         onTriggered: Updates.checkForUpdates()
     }
     readonly property Action quit: Action {
-        shortcut: "Ctrl+Q"
         text: qsTr("Quit Brimlet")
-        onTriggered: Qt.quit()
+        // To quit closes no window, so nobody else asks whether something is at work.
+        onTriggered: {
+            if (App.readyToQuit())
+                Qt.quit();
+        }
     }
 
     signal settingsWanted
+
+    // An action's own shortcut rests while a sheet is open.
+    Shortcut {
+        context: Qt.ApplicationShortcut
+        sequence: "Ctrl+Q"
+        onActivated: commands.quit.trigger()
+    }
 }

@@ -4,6 +4,7 @@
 #include "views/base/Words.h"
 #include "views/icons/FileLooks.h"
 #include "views/interaction/KeyGuard.h"
+#include "views/interaction/PressGuard.h"
 
 #include <memory>
 #include <QQmlApplicationEngine>
@@ -33,6 +34,7 @@ public:
 private:
     AppState& m_state;
     KeyGuard m_keyGuard{KeyGuard::formOfWindowSystem()};
+    PressGuard m_pressGuard;
     FileLooks m_fileLooks;
     Words m_words;
     QQmlApplicationEngine m_engine;

@@ -10,6 +10,8 @@ Item {
         title: qsTr("Choose a Folder")
 
         onAccepted: WindowPanels.acceptFolder(selectedFolder)
+        // A folder without folders in it has nothing to select, and can be meant all the same.
+        onCurrentFolderChanged: selectedFolder = currentFolder
         onRejected: WindowPanels.reject()
     }
     FileDialog {

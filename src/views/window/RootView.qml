@@ -81,17 +81,6 @@ FocusScope {
             target: Assistive
         }
     }
-    FocusInSight {
-        readonly property int textSize: Theme.bodySize
-
-        anchors.fill: parent
-        margin: Theme.spaceXl
-
-        onTextSizeChanged: lookAgain()
-    }
-    WindowTips {
-        anchors.fill: parent
-    }
     AccessOnboardingView {}
     ConfirmDeletionView {}
     FinishingView {}

@@ -26,7 +26,7 @@ class Control:
 
     def __init__(self, accessible: Atspi.Accessible) -> None:
         self._accessible = accessible
-        self.states = frozenset(state.value_nick for state in accessible.get_state_set().get_states())
+        self.states = self.present_states()
 
     @cached_property
     def name(self) -> str:
@@ -44,6 +44,9 @@ class Control:
     def box(self) -> tuple[int, int, int, int]:
         """x, y, width, height on the screen."""
         return self.present_box()
+
+    def present_states(self) -> frozenset[str]:
+        return frozenset(state.value_nick for state in self._accessible.get_state_set().get_states())
 
     def present_box(self) -> tuple[int, int, int, int]:
         box = self._accessible.get_extents(Atspi.CoordType.SCREEN)
@@ -124,9 +127,13 @@ class Controls:
 
     def find(self, name: Name, role: str | None = None) -> Control | None:
         """The topmost one of this name."""
+        return self.find_where(lambda control: control.is_a(name, role))
+
+    def find_where(self, wanted: Callable[[Control], bool]) -> Control | None:
+        """The topmost one that is as wanted."""
         for control in _topmost_first(self._application):
             try:
-                if control.is_a(name, role):
+                if wanted(control):
                     return control
             except GLib.Error:
                 pass
@@ -159,10 +166,7 @@ class Controls:
 
     def focused(self) -> Control | None:
         """What has the keyboard: the innermost of those that say so."""
-        for control in _topmost_first(self._application):
-            if "focused" in control.states:
-                return control
-        return None
+        return self.find_where(lambda control: "focused" in control.states)
 
     # Acting
 
@@ -218,7 +222,7 @@ class Controls:
         """Presses a key that moves the keyboard's focus; what has it then."""
         self._focus.forget()
         self.press(key)
-        return eventually(self._focus.latest, 1) or self.focused()
+        return eventually(self._focus.latest, 1, 0.005) or self.focused()
 
     def press_on(self, name: Name, key: str, role: str | None = None) -> Control:
         """Goes to the control by Tab and presses a key there."""

@@ -54,7 +54,11 @@ class Keyboard:
         self._controls.press_on(name, "space", "check box")
 
     def go_to(self, section: str) -> None:
-        present = lambda: next((name for name in SECTIONS if self._is_selected(name)), "")
+        def present() -> str:
+            selected = self._controls.find_where(lambda control: "selected" in control.states
+                                                 and control.role == "list item" and control.name in SECTIONS)
+            return selected.name if selected else ""
+
         self._controls.tab_until(lambda focused: focused.name in (*SECTIONS, "Sections")
                                  and focused.role in ("list", "list item"), what="the sections")
         while (at := present()) != section:

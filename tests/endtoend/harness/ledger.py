@@ -4,17 +4,19 @@ from typing import Iterable
 
 ACTING = frozenset({"push button", "menu item", "check box", "radio button", "combo box", "toggle button"})
 
-# What is drawn by the toolkit, and what stands for a file rather than for something to do.
-OTHERS = re.compile(r"%$|^~?$|^/$|^tmp$|^brimlet-endtoend-|^test_|^Users$|^sam$")
+# What is drawn by the toolkit, and what stands for a file or folder rather than for something to do: segments of the
+# map, steps of a path, items of a rule.
+OTHERS = re.compile(r"%$|^~?$|^/$|^tmp$|^brimlet-endtoend-|^test_|^Users$|^sam$|^com\.example\.|^Pictures$|^Projects$")
+
+# They do nothing when pressed.
 HEADINGS = frozenset({("menu item", "Scan"), ("push button", "Risk")})
 
 
 def _kind(name: str, role: str) -> tuple[str, str]:
     """A control, whatever figures its name tells just now."""
-    plain = re.sub(r"(\d[\d.,]*|Zero) ?([kMG]?B|bytes)?", "#", name)
-    if plain.endswith(", #, # files"):
-        plain = "one of the kinds"
-    return role, plain
+    plain = re.sub(r"(\d[\d.,]*|Zero)( ?[kKMG]?B\b| bytes)?", "#", name)
+    plain = re.sub(r"^.*, #, # files$", "one of the kinds", plain)
+    return role, re.sub("^Scan: .*$", "what is scanned", plain)
 
 
 class Ledger:
@@ -29,6 +31,10 @@ class Ledger:
 
     def used(self, control) -> None:
         self._used.add(_kind(control.name, control.role))
+
+    def add(self, other: "Ledger") -> None:
+        self._seen |= other._seen
+        self._used |= other._used
 
     def unused(self) -> list[str]:
         return sorted(f"{role} {name!r}" for role, name in self._seen - self._used - HEADINGS)

@@ -8,7 +8,7 @@ KINDS = ("object:children-changed", "object:state-changed", "object:property-cha
 
 class Listener:
     def __init__(self) -> None:
-        self.heard: list[tuple[str, str]] = []  # kind of event, name of its control
+        self.heard: list[tuple[str, str]] = []  # kind of event with its two figures, name of its control
         self._listener = Atspi.EventListener.new(self._hear)
         for kind in KINDS:
             self._listener.register(kind)
@@ -27,4 +27,4 @@ class Listener:
             name = event.source.get_name() or ""
         except GLib.Error:
             name = ""
-        self.heard.append((event.type, name))
+        self.heard.append((f"{event.type} {event.detail1} {event.detail2}", name))

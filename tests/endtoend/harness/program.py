@@ -47,6 +47,11 @@ class Program:
         eventually(self.has_ended, within)
         return time.monotonic() - began
 
+    def processor_seconds(self) -> float:
+        """Time on a processor since the start."""
+        fields = Path(f"/proc/{self._process.pid}/stat").read_text().rpartition(")")[2].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
     def errors(self) -> str:
         """What it wrote to its standard error."""
         return self._errors.read_text(errors="replace") if self._errors.exists() else ""

@@ -8,11 +8,11 @@ PAUSE = 0.05
 Answer = TypeVar("Answer")
 
 
-def eventually(question: Callable[[], Answer], within: float = PATIENCE) -> Answer:
+def eventually(question: Callable[[], Answer], within: float = PATIENCE, pause: float = PAUSE) -> Answer:
     """Asks until the answer is true in Python's sense, or the time is over; the last answer."""
     end = time.monotonic() + within
     while not (answer := question()) and time.monotonic() < end:
-        time.sleep(PAUSE)
+        time.sleep(pause)
     return answer
 
 

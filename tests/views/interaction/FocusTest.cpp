@@ -75,7 +75,7 @@ using Names = std::set<std::string>;
 
 TEST_F(Focus, isInSightOnEveryScreenAndSheet) {
     filled.window().resize(900, 600);
-    for (const double scale : {1.0, 2.0}) {
+    for (const double scale : {1.0, 1.5, 2.0}) {
         filled.window().appearance().fixTextScale(scale);
         const std::string size = ", text times " + std::to_string(scale);
         filled.finishScan();
@@ -148,6 +148,69 @@ TEST_F(Focus, everyColumnIsReachedByKeyWheelAndBar) {
     EXPECT_FALSE(inSight("Name"));
     ASSERT_TRUE(driver().tabTo("Name"));
     EXPECT_TRUE(inSight("Name")) << "a title that gets the keyboard comes into sight";
+}
+
+TEST_F(Focus, panelBesideTheMapScrollsByWheelAndKeys) {
+    filled.window().resize(900, 600);
+    filled.window().appearance().fixTextScale(1.5);
+    filled.finishScan();
+    filled.state().navigation()->setSection(AppSection::explorer);
+    ASSERT_TRUE(driver().click("Map"));
+    QQuickItem* panel = driver().await("About sam");
+    ASSERT_NE(panel, nullptr);
+    quickWindow().grabWindow();
+    const auto isAtEnd = [&] {
+        const auto value = [&](const char* name) { return panel->property(name).toDouble(); };
+        return value("contentY") > 0 && value("contentY") + panel->height() >= value("contentHeight") - 1;
+    };
+    ASSERT_FALSE(isAtEnd());
+    const QPointF middle = sceneRect(*panel).center();
+    for (int turn = 0; turn < 30; ++turn) {
+        QWheelEvent wheel(middle, quickWindow().mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        wheel.setTimestamp(static_cast<quint64>(turn + 1) * 20);
+        QCoreApplication::sendEvent(&quickWindow(), &wheel);
+    }
+    EXPECT_TRUE(eventually(isAtEnd));
+    for (int press = 0; press < 20 && quickWindow().activeFocusItem() != panel; ++press)
+        driver().key(Qt::Key_Tab);
+    ASSERT_EQ(quickWindow().activeFocusItem(), panel);
+    driver().key(Qt::Key_Home);
+    EXPECT_EQ(panel->property("contentY").toDouble(), 0);
+    driver().key(Qt::Key_End);
+    EXPECT_TRUE(isAtEnd());
+}
+
+TEST_F(Focus, returnsToTheListWhenTheSelectionBarGoes) {
+    filled.finishScan();
+    for (const AppSection section : {AppSection::large, AppSection::explorer}) {
+        filled.state().navigation()->setSection(section);
+        ASSERT_TRUE(driver().await("Files", QAccessible::List));
+        driver().await("Files", QAccessible::List)->forceActiveFocus();
+        driver().key(Qt::Key_A, Qt::ControlModifier);
+        ASSERT_TRUE(driver().click("Deselect"));
+        EXPECT_TRUE(driver().awaitGone("Deselect"));
+        EXPECT_EQ(driver().focused(), "Files") << look(section).title;
+    }
+    filled.state().navigation()->setSection(AppSection::junk);
+    ASSERT_TRUE(driver().click("App caches", QAccessible::CheckBox));
+    ASSERT_TRUE(driver().tabTo("Deselect"));
+    driver().key(Qt::Key_Return);
+    EXPECT_TRUE(driver().awaitGone("Deselect"));
+    EXPECT_EQ(driver().focused(), "Found junk");
+}
+
+TEST_F(Focus, reachesTheButtonThatClearsTheSearch) {
+    filled.finishScan();
+    filled.state().navigation()->setSection(AppSection::large);
+    ASSERT_TRUE(driver().click("Search by name (use / to search paths)"));
+    driver().key(Qt::Key_Q);
+    ASSERT_TRUE(driver().await("Clear search"));
+    driver().key(Qt::Key_Tab);
+    ASSERT_EQ(driver().focused(), "Clear search");
+    driver().key(Qt::Key_Space);
+    EXPECT_TRUE(driver().awaitGone("Clear search"));
+    EXPECT_EQ(driver().focused(), "Search by name (use / to search paths)");
 }
 
 TEST_F(Focus, shortenedTextIsReadInFullByPointerAndByKeyboard) {

@@ -69,6 +69,7 @@ TEST(Heard, theTableTellsEachRowThatTheKeysReach) {
     app.walks.finish(0, tree.finish());
     ASSERT_TRUE(eventually([&] { return !app.state().scan()->isScanning(); }));
     ASSERT_TRUE(window.driver().click("film 2.mov, 10 GB"));
+    window.driver().middleOf("Deselect"); // until the bar has its room
     Listener heard(window);
 
     window.driver().key(Qt::Key_Up);
