@@ -78,7 +78,7 @@ int bench(const std::string& folder, const std::string& other, int rounds) {
             makeTree(tree, shape);
             ours.push_back(secondsOf([&] {
                 const PlacedIdentity reviewed = LinuxEntryLookup().find(tree)->identity;
-                (void)removal.moveToTrash(*valueOf(removal.pin(tree, reviewed)), {},
+                (void)removal.moveToTrash(*valueOf(removal.pin(tree, reviewed, nullptr)), {},
                                           [](const PlannedMove&) { return Failure(); }, {});
             }));
             const bool isCopied = std::filesystem::exists(copied) && !std::filesystem::exists(tree);
