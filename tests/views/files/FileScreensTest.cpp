@@ -132,7 +132,7 @@ TEST_F(FileScreens, theMenuActsOnTheSelection) {
     EXPECT_EQ(m_app.log.back(), "reveal /Users/sam/Movies/c.mov");
     click("notes.txt, 100 MB", {}, Qt::RightButton);
     driver().click("Delete…", QAccessible::MenuItem);
-    ASSERT_TRUE(state().hasPlan());
+    ASSERT_TRUE(test::eventually([&] { return state().plan() != nullptr; }));
     EXPECT_EQ(state().plan()->items.size(), 1U);
     EXPECT_EQ(state().plan()->items[0].path, "/Users/sam/notes.txt");
 }
