@@ -69,7 +69,6 @@ using BeforeMove = std::function<Failure(const PlannedMove&)>;
 struct RemovalOutcome {
     Failure failure;                 ///< why not all of it went; nothing when all did
     bool isPartly = false;           ///< something went nevertheless
-    std::int64_t freed = 0;          ///< bytes of what went; of files with further names elsewhere, none
     std::string rest;                ///< where what stayed is; empty when nothing happened
     std::vector<std::string> stayed; ///< the first of what would not go, by their paths in the entry
     std::size_t stayedCount = 0;     ///< how many would not go

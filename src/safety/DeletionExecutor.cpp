@@ -1,6 +1,7 @@
 #include "safety/DeletionExecutor.h"
 
 #include "core/Localized.h"
+#include "core/walk/MeasureTree.h"
 #include "safety/HistoryFormat.h"
 
 #include <algorithm>
@@ -223,7 +224,8 @@ std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, con
     }
     if (outcome.isPartly) {
         HistoryEntry part = step.intent.entry;
-        part.size = outcome.freed;
+        // Counting each file as it goes would cost a look at each.
+        part.size = std::max<std::int64_t>(step.request.size - measureTree(outcome.rest).bytes, 0);
         run.report.freed += part.size;
         Intent done = step.intent;
         done.entry = part;

@@ -80,14 +80,16 @@ FocusScope {
         model: visibleRows
 
         NodeRow {
+            id: slot
+
             readonly property bool marked: row === view.table.currentRow
             readonly property string tip: current ? view.table.explanation(row, "name") + "\n"
                                                     + view.table.explanation(row, "risk") : ""
 
             function tellMarked() {
                 if (marked)
-                    view.currentItem = this;
-                else if (view.currentItem === this)
+                    view.currentItem = slot;
+                else if (view.currentItem === slot)
                     view.currentItem = null;
             }
 

@@ -37,20 +37,23 @@ def fill(home: Path, files: dict[str, tuple[int, int]]) -> None:
         os.utime(file, (then, then))
 
 
-def snapshot(home: Path) -> dict[str, str]:
-    """Every entry below a folder but the program's own records, with what it holds."""
+def snapshot(home: Path, but: str = "") -> dict[str, str]:
+    """Every entry below a folder but the program's own records, with what it holds; without what is in `but`."""
     entries = {}
     for folder, names, files in os.walk(home):
         for name in names + files:
             entry = Path(folder, name)
             place = str(entry.relative_to(home))
-            if "rimlet" in place:
+            if "rimlet" in place or (but and place.startswith(but + "/")):
                 continue
             kind = "folder"
             if entry.is_symlink():
                 kind = "link to " + os.readlink(entry)
             elif entry.is_file():
-                kind = f"{hashlib.sha256(entry.read_bytes()).hexdigest()} {entry.stat().st_mtime_ns}"
+                try:
+                    kind = f"{hashlib.sha256(entry.read_bytes()).hexdigest()} {entry.stat().st_mtime_ns}"
+                except FileNotFoundError:
+                    continue  # it has just gone
             entries[place] = kind
     return entries
 

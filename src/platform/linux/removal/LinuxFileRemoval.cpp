@@ -95,9 +95,8 @@ RemovalOutcome refusal(Failure why) {
 }
 
 RemovalOutcome outcomeOf(const TreeRemover& remover, const Failure& failure, std::string rest) {
-    return {failure,          failure && remover.hasRemoved(),
-            remover.freed(),  std::move(rest),
-            remover.stayed(), remover.stayedCount()};
+    return {failure, failure && remover.hasRemoved(), std::move(rest), remover.stayed(),
+            remover.stayedCount()};
 }
 
 bool isSameFolder(FileSystemCalls& calls, int one, int other) {

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
-#include <numeric>
 #include <sched.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -87,17 +86,18 @@ Failure TreeRemover::remove(int parent, const std::string& name) {
     m_device = status.device;
     m_hands.push_back({0, FolderListing(m_calls)});
     if (!status.isFolder())
-        return removeFile(parent, name, status);
+        return removeFile(parent, name);
     removeFolder(parent, name);
     return m_failure;
 }
 
-Failure TreeRemover::removeFile(int parent, const std::string& name, const FileStatus& status) {
-    EmptiedFolder folder;
-    if (!mayRemove(status))
+Failure TreeRemover::removeFile(int parent, const std::string& name) {
+    if (!mayRemove(parent, name.c_str()))
         return errorFromErrno(EBUSY);
-    const int result = unlinkFile(m_hands.front(), folder, parent, name.c_str(), status);
-    return result < 0 ? Failure(errorFromErrno(-result)) : std::nullopt;
+    if (const int result = m_calls.unlink(parent, name.c_str(), 0); result < 0)
+        return errorFromErrno(-result);
+    ++m_hands.front().removed;
+    return std::nullopt;
 }
 
 void TreeRemover::removeFolder(int parent, const std::string& name) {
@@ -114,11 +114,6 @@ void TreeRemover::removeFolder(int parent, const std::string& name) {
 
 bool TreeRemover::hasRemoved() const {
     return std::any_of(m_hands.begin(), m_hands.end(), [](const Hand& hand) { return hand.removed > 0; });
-}
-
-std::int64_t TreeRemover::freed() const {
-    return std::accumulate(m_hands.begin(), m_hands.end(), std::int64_t{0},
-                           [](std::int64_t sum, const Hand& hand) { return sum + hand.freed; });
 }
 
 void TreeRemover::work(Hand& hand) {
@@ -154,8 +149,14 @@ bool TreeRemover::isStopped(EmptiedFolder& folder) {
     return true;
 }
 
-bool TreeRemover::mayRemove(const FileStatus& status) const {
-    return m_terms.copied == nullptr || m_terms.copied->holds(status);
+bool TreeRemover::mayRemove(int folder, const char* name) {
+    if (m_terms.copied == nullptr)
+        return true;
+    FileStatus status;
+    const int result = m_calls.status(folder, name, status);
+    if (result < 0)
+        return false;
+    return status.isFolder() || m_terms.copied->holds(status);
 }
 
 /// Tries once for permission in a folder that is being emptied. Whether it has been given.
@@ -175,36 +176,6 @@ int TreeRemover::unlink(EmptiedFolder& folder, int opened, const char* name, int
     if (result == -EACCES && permit(folder, opened))
         result = m_calls.unlink(opened, name, flags);
     return result;
-}
-
-int TreeRemover::statusOf(EmptiedFolder& folder, int opened, const char* name, FileStatus& status) {
-    int result = m_calls.status(opened, name, status);
-    if (result == -EACCES && permit(folder, opened))
-        result = m_calls.status(opened, name, status);
-    return result;
-}
-
-void TreeRemover::count(Hand& hand, const FileStatus& gone) {
-    ++hand.removed;
-    if (gone.isFolder() || gone.links <= 1)
-        hand.freed += gone.allocatedBytes;
-}
-
-/// Removes what is no folder. The names of one file go one after the other, so that the last one is known.
-int TreeRemover::unlinkFile(Hand& hand, EmptiedFolder& folder, int opened, const char* name,
-                            const FileStatus& status) {
-    std::unique_lock lock(m_linksMutex, std::defer_lock);
-    FileStatus now = status;
-    if (status.links > 1) {
-        lock.lock();
-        if (m_calls.status(opened, name, now) < 0)
-            now = status;
-    }
-    const int result = unlink(folder, opened, name, 0);
-    if (result < 0)
-        return result;
-    count(hand, now);
-    return 0;
 }
 
 int TreeRemover::checkFolder(int folder, FileStatus& status) {
@@ -268,8 +239,10 @@ void TreeRemover::enter(Hand& hand, const FolderJob& job) {
 
 /// What has become a link or a file since it was listed.
 void TreeRemover::removeFormerFolder(Hand& hand, const FolderJob& job) {
-    const int result = removeEntry(hand, *job.above, job.opened->number(), job.folder.name.c_str());
-    if (result != 0)
+    const int result = removeEntry(*job.above, job.opened->number(), job.folder.name.c_str());
+    if (result == 0)
+        ++hand.removed;
+    else
         fail(*job.above, job.folder.name, result == laterAsFolder ? -EBUSY : result);
 }
 
@@ -281,11 +254,12 @@ std::vector<FolderToEnter> TreeRemover::empty(Hand& hand, EmptiedFolder& folder,
         for (const ListedEntry& entry : hand.listing.batch()) {
             if (isStopped(folder))
                 return {};
-            const int result =
-                entry.type == DT_DIR ? laterAsFolder : removeEntry(hand, folder, opened, entry.name);
+            const int result = entry.type == DT_DIR ? laterAsFolder : removeEntry(folder, opened, entry.name);
             if (result == laterAsFolder)
                 folders.push_back({entry.name});
-            else if (result != 0)
+            else if (result == 0)
+                ++hand.removed;
+            else
                 fail(folder, entry.name, result);
         }
     }
@@ -296,18 +270,18 @@ std::vector<FolderToEnter> TreeRemover::empty(Hand& hand, EmptiedFolder& folder,
     return folders;
 }
 
-/// Gone already counts as done.
-int TreeRemover::removeEntry(Hand& hand, EmptiedFolder& folder, int opened, const char* name) {
+/// Removes what is no folder. Gone already counts as done.
+int TreeRemover::removeEntry(EmptiedFolder& folder, int opened, const char* name) {
+    if (!mayRemove(opened, name))
+        return -EBUSY;
+    const int result = unlink(folder, opened, name, 0);
+    if (result == -ENOENT)
+        return 0;
     FileStatus status;
-    int result = statusOf(folder, opened, name, status);
-    if (result == 0 && status.isFolder())
-        return laterAsFolder;
-    if (result == 0)
-        result = mayRemove(status) ? unlinkFile(hand, folder, opened, name, status) : -EBUSY;
     const bool mayBeFolder = result == -EISDIR || result == -EPERM; // some systems say EPERM for a folder
     if (mayBeFolder && m_calls.status(opened, name, status) == 0 && status.isFolder())
         return laterAsFolder;
-    return result == -ENOENT ? 0 : result;
+    return result;
 }
 
 void TreeRemover::finish(Hand& hand, FolderPointer folder) {
@@ -351,7 +325,7 @@ void TreeRemover::leave(Hand& hand, EmptiedFolder& folder) {
     if (result == -ENOTEMPTY && folder.passes < mostPasses)
         m_stacks.add(hand.number, folder.above, {{folder.name, folder.passes + 1}});
     else if (result == 0)
-        count(hand, folder.status);
+        ++hand.removed;
     else if (result != -ENOENT || isThere(above, opened->number(), folder.name))
         fail(above, folder.name, result);
 }

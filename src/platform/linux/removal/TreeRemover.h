@@ -51,9 +51,6 @@ public:
     /// Whether anything was removed.
     bool hasRemoved() const;
 
-    /// The bytes of what was removed, folders' own included. A file counts when its last name goes.
-    std::int64_t freed() const;
-
     /// The first entries that stayed because of errors, below the tree's top, and how many there are.
     const std::vector<std::string>& stayed() const { return m_stayed; }
     std::size_t stayedCount() const { return m_stayedCount; }
@@ -63,10 +60,9 @@ private:
         std::size_t number;
         FolderListing listing;
         std::size_t removed = 0;
-        std::int64_t freed = 0;
     };
 
-    Failure removeFile(int parent, const std::string& name, const FileStatus& status);
+    Failure removeFile(int parent, const std::string& name);
     void removeFolder(int parent, const std::string& name);
     void work(Hand& hand);
     void enter(Hand& hand, const FolderJob& job);
@@ -74,11 +70,8 @@ private:
     int checkFolder(int folder, FileStatus& status);
     void removeFormerFolder(Hand& hand, const FolderJob& job);
     std::vector<FolderToEnter> empty(Hand& hand, EmptiedFolder& folder, int opened);
-    int removeEntry(Hand& hand, EmptiedFolder& folder, int opened, const char* name);
-    bool mayRemove(const FileStatus& status) const;
-    static void count(Hand& hand, const FileStatus& gone);
-    int statusOf(EmptiedFolder& folder, int opened, const char* name, FileStatus& status);
-    int unlinkFile(Hand& hand, EmptiedFolder& folder, int opened, const char* name, const FileStatus& status);
+    int removeEntry(EmptiedFolder& folder, int opened, const char* name);
+    bool mayRemove(int folder, const char* name);
     int unlink(EmptiedFolder& folder, int opened, const char* name, int flags);
     bool permit(EmptiedFolder& folder, int opened);
     void finish(Hand& hand, FolderPointer folder);
@@ -95,8 +88,7 @@ private:
     std::vector<Hand> m_hands;
     std::vector<std::thread> m_threads;
     std::uint64_t m_device = 0;
-    std::mutex m_linksMutex; ///< held while one of a file's several names goes
-    std::mutex m_mutex;      ///< guards what follows, and the folders' permissions
+    std::mutex m_mutex; ///< guards what follows, and the folders' permissions
     Failure m_failure;
     std::vector<std::string> m_stayed;
     std::size_t m_stayedCount = 0;
