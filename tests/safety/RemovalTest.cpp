@@ -238,7 +238,7 @@ TEST(Removal, aStopLeavesTheRestInItsPlaceAndTellsWhatWent) {
         };
         std::vector<DeletionRequest> requests;
         for (const char* name : {"first", "large", "last"})
-            requests.push_back(DeletionStage::request(stage.home(name), Removal::permanent, 1 << 20));
+            requests.push_back(DeletionStage::request(stage.home(name), Removal::permanent, large));
         requests.push_back(DeletionStage::request(stage.home("later"), Removal::trash));
         const ExecutedRun run = executor.execute(requests, stop.get_token());
         EXPECT_EQ(run.report.deletedPaths, std::vector<std::string>{stage.home("first")});
