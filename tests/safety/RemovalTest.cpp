@@ -183,6 +183,23 @@ TEST(Removal, whatCannotGoStaysInItsPlaceAndIsReported) {
     EXPECT_FALSE(stage.hasScratch());
 }
 
+TEST(Removal, ofManyThatStayTheFirstAreNamedAndTheRestCounted) {
+    DeletionStage stage;
+    for (int i = 0; i < 5; ++i)
+        stage.tree.fileWithText("home/item/stuck" + std::to_string(i), "text");
+    stage.calls.onCall = [&](const SystemCall& call) {
+        stage.calls.behave();
+        if (std::string_view(call.call) == "unlink" && std::string_view(call.name).starts_with("stuck"))
+            stage.calls.failAt(1, EPERM);
+    };
+    const ExecutedRun run = stage.run(stage.home("item"), Removal::permanent);
+    ASSERT_EQ(run.report.failures.size(), 1U);
+    EXPECT_TRUE(run.report.failures.front().reason.ends_with(" and more: 2."))
+        << run.report.failures.front().reason;
+    EXPECT_EQ(run.report.freed, 0);
+    EXPECT_TRUE(run.parts.empty());
+}
+
 TEST(Removal, whatWentOfAnItemCountsAlthoughTheRestStayed) {
     DeletionStage stage;
     stage.tree.file("home/item/large", 1 << 20);
