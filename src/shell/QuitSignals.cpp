@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <unistd.h>
+#include <utility>
 
 namespace brimlet {
 
@@ -23,16 +24,17 @@ void noteSignal(int) {
 
 } // namespace
 
-QuitSignals::QuitSignals() {
+QuitSignals::QuitSignals(std::function<void()> wanted) {
     if (pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return; // the signals keep their usual effect
     writeEnd = m_pipe[1];
     m_notifier = std::make_unique<QSocketNotifier>(m_pipe[0], QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, qApp, [end = m_pipe[0]] {
-        char byte = 0;
-        if (read(end, &byte, 1) == 1)
-            QCoreApplication::quit();
-    });
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, qApp,
+                     [end = m_pipe[0], wanted = std::move(wanted)] {
+                         char byte = 0;
+                         if (read(end, &byte, 1) == 1)
+                             wanted();
+                     });
     struct sigaction once {};
     once.sa_handler = noteSignal;
     once.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);

@@ -1,9 +1,9 @@
-// Makes the system's wish that the program end (SIGTERM, SIGINT) a quit like the user's own: the windows are
-// asked, and what is at work on the disk is brought to its end. A second signal ends the process at once.
-// One at a time; main thread; needs an application object.
+// Makes the system's wish that the program end (SIGTERM, SIGINT) a quit like the user's own. A second signal
+// ends the process at once. One at a time; main thread; needs an application object.
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QSocketNotifier;
@@ -12,7 +12,8 @@ namespace brimlet {
 
 class QuitSignals {
 public:
-    QuitSignals();
+    /// wanted  called from the event loop
+    explicit QuitSignals(std::function<void()> wanted);
     ~QuitSignals();
     QuitSignals(const QuitSignals&) = delete;
     QuitSignals& operator=(const QuitSignals&) = delete;

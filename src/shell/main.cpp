@@ -75,7 +75,10 @@ int main(int argc, char** argv) {
     if (brimlet.window().window() == nullptr)
         return 2;
     brimlet.window().show();
-    const brimlet::QuitSignals quitSignals;
+    const brimlet::QuitSignals quitSignals([&state = brimlet.state()] {
+        if (state.readyToQuit())
+            QCoreApplication::quit();
+    });
     const int status = QApplication::exec();
     brimlet.state().endWork(std::chrono::milliseconds(500));
     // What has not ended by now may hang on a disk that never answers. All state is on the disk already, so

@@ -1,6 +1,8 @@
 """The ways to end the program, at rest and at work."""
 import os
 import re
+import signal
+from collections.abc import Callable
 
 from harness import disk
 from harness.case import ProgramCase
@@ -34,7 +36,13 @@ class Quitting(ProgramCase):
         self.assert_ends()
         self.assertEqual(disk.snapshot(self.home), before)
 
-    def test_while_it_removes(self) -> None:
+    def test_by_its_key_while_it_removes(self) -> None:
+        self.assert_ends_a_removal(lambda: self.controls.press("ctrl+q"))
+
+    def test_by_the_system_while_it_removes(self) -> None:
+        self.assert_ends_a_removal(lambda: self.program.signal(signal.SIGTERM))
+
+    def assert_ends_a_removal(self, quit_program: Callable[[], None]) -> None:
         """What isn't gone by then is back in its place, and the next start has nothing left to do."""
         before = disk.snapshot(self.home)
         large = "Library/Caches/com.example.large"
@@ -48,7 +56,7 @@ class Quitting(ProgramCase):
         self.pointer.push("Clean…")
         self.pointer.push("Delete")
         self.assert_eventually(lambda: not self.exists(large), "it is set aside")
-        self.controls.press("ctrl+q")
+        quit_program()
         self.assertLess(self.program.seconds_until_end(), 10)
         self.assertEqual(self.program.exit_status(), 0)
         after = disk.snapshot(self.home, large)

@@ -314,24 +314,18 @@ TEST(Planning, theNoticeSaysWhatHappened) {
 TEST(Reason, isASentenceForEachKindOfError) {
     const std::string noPermission =
         "No permission. It may need Full Disk Access, or it belongs to another user.";
-    const struct {
-        PlatformError error;
-        std::string reason;
-    } cases[] = {
-        {{ErrorDomain::cocoa, 513, 1, "x"}, noPermission},
-        {{ErrorDomain::cocoa, 257, {}, "x"}, noPermission},
-        {{ErrorDomain::cocoa, 4, {}, "x"}, "No longer exists."},
-        {{ErrorDomain::cocoa, 512, 1, "x"}, "Protected by macOS or in use."},
-        {{ErrorDomain::cocoa, 512, 13, "x"}, "Protected by macOS or in use."},
-        {{ErrorDomain::posix, 4, {}, "x"}, "x"},
-        {{ErrorDomain::posix, 513, 2, "x"}, "x"},
-        {errorFromErrno(EACCES), noPermission},
-        {errorFromErrno(EPERM), "Protected by macOS or in use."},
-        {errorFromErrno(EBUSY), "Protected by macOS or in use."},
-        {errorFromErrno(EROFS), "Read-only file system"},
-    };
-    for (const auto& one : cases)
-        EXPECT_EQ(DeletionExecutor::reason(one.error), one.reason);
+    const auto reason = [](const PlatformError& error) { return DeletionExecutor::reason(error); };
+    EXPECT_EQ(reason({ErrorDomain::cocoa, 513, 1, "x"}), noPermission);
+    EXPECT_EQ(reason({ErrorDomain::cocoa, 257, {}, "x"}), noPermission);
+    EXPECT_EQ(reason({ErrorDomain::cocoa, 4, {}, "x"}), "No longer exists.");
+    EXPECT_EQ(reason({ErrorDomain::cocoa, 512, 1, "x"}), "Protected by macOS or in use.");
+    EXPECT_EQ(reason({ErrorDomain::cocoa, 512, 13, "x"}), "Protected by macOS or in use.");
+    EXPECT_EQ(reason({ErrorDomain::posix, 4, {}, "x"}), "x");
+    EXPECT_EQ(reason({ErrorDomain::posix, 513, 2, "x"}), "x");
+    EXPECT_EQ(reason(errorFromErrno(EACCES)), noPermission);
+    EXPECT_EQ(reason(errorFromErrno(EPERM)), "Protected by macOS or in use.");
+    EXPECT_EQ(reason(errorFromErrno(EBUSY)), "Protected by macOS or in use.");
+    EXPECT_EQ(reason(errorFromErrno(EROFS)), "Read-only file system");
 }
 
 TEST(Executor, judgesAfreshAndGoesOnAfterEveryRefusal) {

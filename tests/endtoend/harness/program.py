@@ -41,6 +41,9 @@ class Program:
     def exit_status(self) -> int | None:
         return self._process.poll()
 
+    def signal(self, number: int) -> None:
+        os.kill(self._process.pid, number)
+
     def seconds_until_end(self, within: float = 10) -> float:
         """How long from now on the program goes on running; `within` where it doesn't end."""
         began = time.monotonic()
