@@ -94,7 +94,7 @@ public:
         : m_removal(home, m_calls)
         , m_store(historyFolder(home, macosTables().safety), m_calls)
         , m_executor(
-              m_removal, m_store,
+              macosTables().safety, m_removal, m_store,
               [](std::string_view) {
                   return SafetyVerdict{Risk::safe, "safe"};
               },

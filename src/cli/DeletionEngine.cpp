@@ -9,7 +9,7 @@ namespace brimlet {
 
 PathAssessor::PathAssessor(const SystemTables& ofSystem)
     : system(ofSystem)
-    , running(bundles)
+    , running(bundles, system.safety.applications.suffix)
     , policy(homeFolder(), system.safety, system.junk.rules, bundles, running)
     , judge(judgeByBothHomes(policy, homeFolder(), pathWithoutLinks(homeFolder())))
     , places(placesOfUser(homeFolder(), system.safety, policy, entries, lister))
@@ -18,7 +18,7 @@ PathAssessor::PathAssessor(const SystemTables& ofSystem)
 
 DeletionEngine::DeletionEngine(PathAssessor& assessor)
     : records(historyFolder(homeFolder(), assessor.system.safety), assessor.calls)
-    , executor(assessor.removal, records, assessor.judge, assessor.places)
+    , executor(assessor.system.safety, assessor.removal, records, assessor.judge, assessor.places)
     , history(records, assessor.removal, HistoryStart::fileOnly)
     , m_recovery(records, assessor.removal) {
     history.take(m_recovery.complete(), m_recovery);

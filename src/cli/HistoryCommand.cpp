@@ -94,7 +94,7 @@ ExitStatus restore(const RestoreOptions& options, const SystemTables& system) {
     const std::size_t asked = options.last ? 1 : options.ids.size();
     const RestoreOutcome outcome = engine.history.restore(wanted);
     for (const RefusedRestore& refused : outcome.refused)
-        fail(refused.entry.originalPath + ": " + DeletionExecutor::reason(refused.error));
+        fail(refused.entry.originalPath + ": " + DeletionExecutor::reason(refused.error, system.safety));
     for (const HistoryEntry& entry : outcome.restored)
         std::puts(("Restored " + printable(entry.originalPath)).c_str());
     for (const DeletionFailure& remark : outcome.remarks)

@@ -202,7 +202,7 @@ void addRemoveCommand(CLI::App& app, Invocation& invocation) {
                     "\"brimlet-cli restore\".\n\n"
                     "Examples:\n"
                     "  brimlet-cli remove --dry-run ~/Downloads/*.dmg\n"
-                    "  brimlet-cli remove --permanent --yes ~/Library/Caches/*");
+                    "  brimlet-cli remove --permanent --yes ~/Downloads/*.iso");
     command->callback([options, &invocation] { invocation.status = remove(*options, *invocation.system); });
 }
 

@@ -78,7 +78,7 @@ ExitStatus judge(const VerdictOptions& options, const SystemTables& system) {
     if (options.paths.empty() && !options.pathsFromInput)
         return fail("Name at least one path, or give a list with --null.");
     const LinuxBundleReader bundles;
-    const LinuxRunningApplications running(bundles);
+    const LinuxRunningApplications running(bundles, system.safety.applications.suffix);
     const SafetyPolicy policy(homeFolder(), system.safety, system.junk.rules, bundles, running);
     std::vector<Judged> judged;
     for (const std::string& given : options.pathsFromInput ? readPaths(std::cin) : options.paths) {
@@ -103,7 +103,7 @@ void addVerdictCommand(CLI::App& app, Invocation& invocation) {
     command->add_flag("--json", options->json, "Print an array of {path, risk, reason, rule}");
     command->footer("Paths need not exist. Relative ones count from the working folder.\n\n"
                     "Examples:\n"
-                    "  brimlet-cli verdict ~/Library/Caches /usr/bin\n"
+                    "  brimlet-cli verdict ~/Downloads /usr/bin\n"
                     "  find ~ -name '*.dmg' -print0 | brimlet-cli verdict --null --json");
     command->callback([options, &invocation] { invocation.status = judge(*options, *invocation.system); });
 }

@@ -20,8 +20,4 @@ public:
     virtual void revealPath(const std::string& path) = 0;
 };
 
-/// The settings pane on which Full Disk Access is granted.
-inline constexpr const char* fullDiskAccessSettingsUrl =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles";
-
 } // namespace brimlet

@@ -53,19 +53,20 @@ std::string stayedText(const RemovalOutcome& outcome, const std::string& place) 
 
 } // namespace
 
-std::string DeletionExecutor::reason(const PlatformError& forError) {
+std::string DeletionExecutor::reason(const PlatformError& forError, const SafetyTables& tables) {
     if (isCocoa(forError, noWritePermission) || isCocoa(forError, noReadPermission))
         return localized("No permission. It may need Full Disk Access, or it belongs to another user.");
     if (isCocoa(forError, noSuchFile))
         return localized("No longer exists.");
     if (forError.underlyingPosixCode == notPermitted || forError.underlyingPosixCode == accessDenied)
-        return localized("Protected by macOS or in use.");
+        return localized(tables.heldBySystem);
     return forError.description;
 }
 
-DeletionExecutor::DeletionExecutor(FileRemoval& removal, RecordStore& store, PathJudge judge,
-                                   PlacesSource places)
-    : m_removal(removal)
+DeletionExecutor::DeletionExecutor(const SafetyTables& tables, FileRemoval& removal, RecordStore& store,
+                                   PathJudge judge, PlacesSource places)
+    : m_tables(tables)
+    , m_removal(removal)
     , m_store(store)
     , m_judge(std::move(judge))
     , m_places(std::move(places)) {}
@@ -158,7 +159,7 @@ void DeletionExecutor::carryOut(Step& step, const RequestJudge& judge, std::uniq
         return refuse(run.report.skippedProtected, request, std::move(*protectedBy));
     Result<std::unique_ptr<PinnedEntry>> pinned = pin(request, last.get());
     if (const PlatformError* error = errorIn(pinned))
-        return refuse(run.report.failures, request, reason(*error));
+        return refuse(run.report.failures, request, reason(*error, m_tables));
     last = valueOf(std::move(pinned));
     const PinnedEntry& entry = *last;
     const auto before = [&](const PlannedMove& move) -> Failure {
@@ -199,7 +200,7 @@ std::optional<std::string> DeletionExecutor::moveToTrash(const Step& step, const
         error != nullptr && *error == errorFromErrno(ENOSPC) && m_store.makeRoom())
         arrival = m_removal.moveToTrash(pinned, step.intent.move, before, stop);
     if (const PlatformError* error = errorIn(arrival))
-        return reason(*error);
+        return reason(*error, m_tables);
     const TrashArrival& arrived = *std::get_if<TrashArrival>(&arrival);
     run.entries.push_back(step.intent.entry);
     run.entries.back().trashPath = arrived.trashPath;
@@ -208,7 +209,7 @@ std::optional<std::string> DeletionExecutor::moveToTrash(const Step& step, const
     run.report.deletedPaths.push_back(step.request.path);
     if (!step.intent.move.remark.empty())
         run.report.remarks.push_back({Uuid::random(), step.request.path, step.intent.move.remark});
-    return arrived.leftBehind ? std::optional(reason(*arrived.leftBehind)) : std::nullopt;
+    return arrived.leftBehind ? std::optional(reason(*arrived.leftBehind, m_tables)) : std::nullopt;
 }
 
 std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, const PinnedEntry& pinned,
@@ -235,7 +236,7 @@ std::optional<std::string> DeletionExecutor::removeForGood(const Step& step, con
     } else if (outcome.rest.empty() || outcome.rest == pinned.resolvedPath()) {
         run.journal->drop(step.intent.entry.id);
     }
-    return reason(*outcome.failure) + stayedText(outcome, pinned.resolvedPath());
+    return reason(*outcome.failure, m_tables) + stayedText(outcome, pinned.resolvedPath());
 }
 
 } // namespace brimlet

@@ -25,6 +25,7 @@
 #include "safety/ProtectedPlaces.h"
 #include "safety/RequestJudge.h"
 #include "safety/RunJournal.h"
+#include "safety/SafetyTables.h"
 
 #include <memory>
 #include <optional>
@@ -47,15 +48,16 @@ struct ExecutedRun {
 
 class DeletionExecutor {
 public:
-    /// removal, store   must outlive the executor; the store also every run
-    /// places          asked once for each run
-    DeletionExecutor(FileRemoval& removal, RecordStore& store, PathJudge judge, PlacesSource places);
+    /// tables, removal, store   must outlive the executor; the store also every run
+    /// places                  asked once for each run
+    DeletionExecutor(const SafetyTables& tables, FileRemoval& removal, RecordStore& store, PathJudge judge,
+                     PlacesSource places);
 
     /// stop   ends the run early: what has not begun by then stays as it is and is in `failures`
     ExecutedRun execute(const std::vector<DeletionRequest>& requests, const std::stop_token& stop = {});
 
     /// The sentence for the user when the file system refused.
-    static std::string reason(const PlatformError& forError);
+    static std::string reason(const PlatformError& forError, const SafetyTables& tables);
 
 private:
     struct Step;
@@ -73,6 +75,7 @@ private:
                                              const BeforeMove& before, ExecutedRun& run,
                                              const std::stop_token& stop);
 
+    const SafetyTables& m_tables;
     FileRemoval& m_removal;
     RecordStore& m_store;
     PathJudge m_judge;

@@ -49,6 +49,7 @@ struct SafetyTables {
     std::string_view
         historyFolder; ///< below the home folder: the application's own record of what it removed
     std::string_view emptiedFolder; ///< why a folder stays whose content may go
+    std::string_view heldBySystem;  ///< why something did not go although its permissions let it
 };
 
 } // namespace brimlet

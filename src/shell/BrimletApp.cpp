@@ -20,7 +20,7 @@ BrimletApp::BrimletApp(const SystemTables& system, std::string homeFolder,
     , m_volumes(std::string(system.words.diskName))
     , m_accessProbe(std::string(system.access.database),
                     m_homeFolder + "/" + std::string(system.access.homeFolder))
-    , m_running(m_bundles)
+    , m_running(m_bundles, system.safety.applications.suffix)
     , m_preferences(m_homeFolder + "/" + std::string(system.preferencesFile))
     , m_policy(m_homeFolder, system.safety, system.junk.rules, m_bundles, m_running)
     , m_recentlyRunning(m_running, std::chrono::seconds(1))
@@ -31,7 +31,7 @@ BrimletApp::BrimletApp(const SystemTables& system, std::string homeFolder,
     , m_junkFinder(m_homeFolder, system.junk, m_lister, m_accessProbe)
     , m_removal(m_homeFolder, m_calls)
     , m_records(historyFolder(m_homeFolder, system.safety), m_calls)
-    , m_executor(m_removal, m_records,
+    , m_executor(system.safety, m_removal, m_records,
                  judgeByBothHomes(m_policy, m_homeFolder, pathWithoutLinks(m_homeFolder)), m_places)
     , m_recovery(m_records, m_removal)
     , m_panels(m_homeFolder) {

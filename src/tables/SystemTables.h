@@ -19,6 +19,7 @@ namespace brimlet {
 struct AccessPlaces {
     std::string_view database;   ///< absolute
     std::string_view homeFolder; ///< below the home folder
+    std::string_view settings;   ///< URL of the settings in which that access is granted
 };
 
 struct SystemTables {

@@ -60,7 +60,7 @@ TEST_F(LinuxBundleReaderTest, pipeInPlaceOfTheListIsNotWaitedFor) {
 }
 
 TEST_F(LinuxBundleReaderTest, openApplicationIsProtectedUntilItEnds) {
-    const LinuxRunningApplications running(reader);
+    const LinuxRunningApplications running(reader, ".app");
     const SafetyPolicy policy("/Users/me", macosTables().safety, {}, reader, running);
     const std::string bundle = makeBundle("Busy.app", xmlInfoList("com.foo.Busy"));
     const std::string copy = makeBundle("Copy.app", xmlInfoList("com.foo.Busy"));
@@ -82,16 +82,16 @@ TEST_F(LinuxBundleReaderTest, processInAnInnerBundleKeepsTheOuterOneOpenToo) {
     makeBundle("Bare.app", "no list");
     const ChildProcess process({programOf(inner), "600"});
     const ChildProcess unnamed({programOf(tree.path("Bare.app")), "600"});
-    const std::vector<std::string> open = LinuxRunningApplications(reader).identifiers();
+    const std::vector<std::string> open = LinuxRunningApplications(reader, ".app").identifiers();
     EXPECT_EQ(std::ranges::count(open, "com.foo.Inner"), 1);
     EXPECT_EQ(std::ranges::count(open, "com.foo.Outer"), 1);
 }
 
 TEST_F(LinuxBundleReaderTest, withoutProcessesNothingRuns) {
-    EXPECT_TRUE(LinuxRunningApplications(reader, tree.path("missing")).identifiers().empty());
+    EXPECT_TRUE(LinuxRunningApplications(reader, ".app", tree.path("missing")).identifiers().empty());
     tree.directory("proc/12");
     tree.directory("proc/self");
-    EXPECT_TRUE(LinuxRunningApplications(reader, tree.path("proc")).identifiers().empty());
+    EXPECT_TRUE(LinuxRunningApplications(reader, ".app", tree.path("proc")).identifiers().empty());
 }
 
 TEST(RecentRunningApplications, asksAgainOnlyWhenItsAnswerIsTooOld) {

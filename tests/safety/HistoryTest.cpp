@@ -4,6 +4,7 @@
 #include "safety/DeletionPlanning.h"
 #include "safety/HistoryFormat.h"
 #include "support/DeletionStage.h"
+#include "tables/SystemTables.h"
 
 #include <fcntl.h>
 #include <filesystem>
@@ -314,7 +315,9 @@ TEST(Planning, theNoticeSaysWhatHappened) {
 TEST(Reason, isASentenceForEachKindOfError) {
     const std::string noPermission =
         "No permission. It may need Full Disk Access, or it belongs to another user.";
-    const auto reason = [](const PlatformError& error) { return DeletionExecutor::reason(error); };
+    const auto reason = [](const PlatformError& error) {
+        return DeletionExecutor::reason(error, macosTables().safety);
+    };
     EXPECT_EQ(reason({ErrorDomain::cocoa, 513, 1, "x"}), noPermission);
     EXPECT_EQ(reason({ErrorDomain::cocoa, 257, {}, "x"}), noPermission);
     EXPECT_EQ(reason({ErrorDomain::cocoa, 4, {}, "x"}), "No longer exists.");
@@ -358,7 +361,7 @@ TEST(Executor, judgesAgainWhenACopyIsComplete) {
     stage.tree.fileWithText("home/disk/app/file", "text");
     stage.calls.separate(stage.home("disk"));
     DeletionExecutor executor(
-        stage.removal, stage.store,
+        macosTables().safety, stage.removal, stage.store,
         [&](std::string_view) {
             const bool isOpen = stage.hasScratch(); // the user starts it while it is copied
             return isOpen ? SafetyVerdict{Risk::protected_, "The app is open."}

@@ -9,6 +9,7 @@
 #include "support/Privileges.h"
 #include "support/RandomTree.h"
 #include "support/TreeSnapshot.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <atomic>
@@ -237,7 +238,7 @@ TEST(Removal, aStopLeavesTheRestInItsPlaceAndTellsWhatWent) {
         DeletionStage stage;
         LinuxFileRemoval removal(stage.home(), stage.calls, {threads, 0});
         DeletionExecutor executor(
-            removal, stage.store,
+            macosTables().safety, removal, stage.store,
             [](std::string_view) {
                 return SafetyVerdict{Risk::safe, "safe"};
             },

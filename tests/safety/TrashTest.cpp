@@ -5,6 +5,7 @@
 #include "support/DeletionStage.h"
 #include "support/Privileges.h"
 #include "support/TreeSnapshot.h"
+#include "tables/SystemTables.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -104,7 +105,7 @@ TEST(Trash, aThousandEqualNamesMovedAtOnceAllArrive) {
     for (int thread = 0; thread < threads; ++thread) {
         movers.emplace_back([&, thread] {
             DeletionExecutor executor(
-                stage.removal, stage.store,
+                macosTables().safety, stage.removal, stage.store,
                 [](std::string_view) {
                     return SafetyVerdict{Risk::safe, "safe"};
                 },

@@ -4,6 +4,7 @@
 #include "platform/linux/LinuxEntryLookup.h"
 #include "platform/ScratchName.h"
 #include "safety/HistoryFormat.h"
+#include "tables/SystemTables.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,7 +21,7 @@ DeletionStage::DeletionStage()
     , removal(home(), calls)
     , store(home("Library/Application Support/Brimlet"), calls)
     , executor(
-          removal, store, [this](std::string_view path) { return verdict(path); },
+          macosTables().safety, removal, store, [this](std::string_view path) { return verdict(path); },
           [this] { return ProtectedPlaces(places, LinuxEntryLookup()); }) {
     tree.directory("outside");
 }

@@ -102,7 +102,8 @@ private:
     JunkFinder m_finder{disk.root(), macosTables().junk, m_lister, m_access};
     LinuxEntryLookup m_entries;
     DeletionExecutor m_executor{
-        m_removal, app.records, [this](std::string_view path) { return m_policy.verdict(path); },
+        macosTables().safety, m_removal, app.records,
+        [this](std::string_view path) { return m_policy.verdict(path); },
         placesOfUser(disk.root(), macosTables().safety, m_policy, m_entries, m_lister)};
     std::unique_ptr<TestWindow> m_window;
 };

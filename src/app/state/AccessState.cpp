@@ -7,6 +7,7 @@ namespace brimlet {
 AccessState::AccessState(const AppServices& services)
     : m_probe(services.accessProbe)
     , m_opener(services.opener)
+    , m_settings(services.system.access.settings)
     , m_preferences(services.preferences)
     , m_accessOnboardingSkipped(m_preferences.accessOnboardingSkipped())
     , m_hasFullDiskAccess(m_probe.hasFullDiskAccess()) {}
@@ -19,7 +20,7 @@ bool AccessState::onboardsFirst() {
 }
 
 void AccessState::openFullDiskAccessSettings() {
-    m_opener.openUrl(fullDiskAccessSettingsUrl);
+    m_opener.openUrl(m_settings);
 }
 
 void AccessState::probeFullDiskAccess() {

@@ -5,6 +5,7 @@
 #include "app/state/StatePart.h"
 
 #include <QtQml/qqmlregistration.h>
+#include <string>
 
 namespace brimlet {
 
@@ -43,6 +44,7 @@ signals:
 private:
     const AccessProbe& m_probe;
     SystemOpener& m_opener;
+    std::string m_settings;
     Preferences m_preferences;
     bool m_accessOnboardingSkipped = false;
     bool m_hasFullDiskAccess = false;

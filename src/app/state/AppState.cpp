@@ -122,6 +122,10 @@ const std::string& AppState::homeFolder() const {
     return m_parts->services.homeFolder;
 }
 
+QString AppState::homeFolderText() const {
+    return QString::fromStdString(homeFolder());
+}
+
 void AppState::runInBackground(std::function<void()> work) {
     m_parts->work.run(
         [work = std::move(work)] {

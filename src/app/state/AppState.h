@@ -12,6 +12,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <QString>
 #include <QtQml/qqmlregistration.h>
 #include <string>
 #include <string_view>
@@ -58,6 +59,7 @@ class AppState : public StatePart {
     Q_PROPERTY(brimlet::NoticeState* notice READ notice CONSTANT)
     Q_PROPERTY(brimlet::PreferencesState* preferences READ preferences CONSTANT)
     Q_PROPERTY(brimlet::AccessState* access READ access CONSTANT)
+    Q_PROPERTY(QString homeFolder READ homeFolderText CONSTANT)
     Q_PROPERTY(bool isFinishing READ isFinishing NOTIFY isFinishingChanged)
 
 public:
@@ -86,6 +88,7 @@ public:
     Panels& panels() const;
     const SystemTables& system() const;
     const std::string& homeFolder() const;
+    QString homeFolderText() const;
 
     /// Runs what outlives the screen that began it. `work` owns all that it touches; it is waited for at the
     /// end of the application.

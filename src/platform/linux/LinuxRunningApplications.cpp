@@ -14,14 +14,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view bundleMarker = ".app/";
-
 bool isProcessNumber(const std::string& name) {
     return std::ranges::all_of(name, [](char digit) { return digit >= '0' && digit <= '9'; });
 }
 
 /// The paths of all bundles that a process of this system runs from.
-std::set<std::string> runningBundles(const std::string& processFolder) {
+std::set<std::string> runningBundles(const std::string& bundleMarker, const std::string& processFolder) {
     std::set<std::string> bundles;
     std::error_code error;
     for (fs::directory_iterator it(processFolder, error), end; !error && it != end; it.increment(error)) {
@@ -39,13 +37,15 @@ std::set<std::string> runningBundles(const std::string& processFolder) {
 
 } // namespace
 
-LinuxRunningApplications::LinuxRunningApplications(const BundleReader& bundles, std::string processFolder)
+LinuxRunningApplications::LinuxRunningApplications(const BundleReader& bundles, std::string_view bundleSuffix,
+                                                   std::string processFolder)
     : m_bundles(bundles)
+    , m_bundleMarker(std::string(bundleSuffix) + "/")
     , m_processFolder(std::move(processFolder)) {}
 
 std::vector<std::string> LinuxRunningApplications::identifiers() const {
     std::vector<std::string> identifiers;
-    for (const std::string& bundle : runningBundles(m_processFolder)) {
+    for (const std::string& bundle : runningBundles(m_bundleMarker, m_processFolder)) {
         if (std::optional<std::string> identifier = m_bundles.identifier(bundle))
             identifiers.push_back(*std::move(identifier));
     }

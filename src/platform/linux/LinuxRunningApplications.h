@@ -11,12 +11,14 @@ class LinuxRunningApplications final : public RunningApplications {
 public:
     /// bundles       must outlive this
     /// processFolder where the kernel tells of processes
-    explicit LinuxRunningApplications(const BundleReader& bundles, std::string processFolder = "/proc");
+    LinuxRunningApplications(const BundleReader& bundles, std::string_view bundleSuffix,
+                             std::string processFolder = "/proc");
 
     std::vector<std::string> identifiers() const override;
 
 private:
     const BundleReader& m_bundles;
+    std::string m_bundleMarker; ///< what follows a bundle's name in the path of a program in it
     std::string m_processFolder;
 };
 

@@ -10,7 +10,8 @@ const SystemTables& macosTables() {
         .junk = macos::junk(),
         .words = macos::words,
         .access = {.database = "/Library/Application Support/com.apple.TCC/TCC.db",
-                   .homeFolder = "Library/Safari"},
+                   .homeFolder = "Library/Safari",
+                   .settings = "x-apple.systempreferences:com.apple.preference.security?Privacy_AllFiles"},
         .preferencesFile = "Library/Preferences/com.brimlet.mac.json",
         .bucketExplanations = macos::bucketExplanations,
     };

@@ -99,6 +99,7 @@ const SafetyTables safety = {
     .trash = ".Trash",
     .historyFolder = "Library/Application Support/Brimlet",
     .emptiedFolder = "Folder used by macOS. Brimlet empties its contents but keeps the folder.",
+    .heldBySystem = "Protected by macOS or in use.",
 };
 
 } // namespace brimlet::macos

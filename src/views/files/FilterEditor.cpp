@@ -3,7 +3,6 @@
 #include "app/state/NavigationState.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
-#include "platform/HomeFolder.h"
 #include "views/nodes/NodeLook.h"
 
 #include <algorithm>
@@ -151,7 +150,8 @@ QVariantList FilterEditor::kindChips() const {
 }
 
 QString FilterEditor::pathPrefix() const {
-    return value().pathPrefix ? shownText(displayPath(*value().pathPrefix, homeFolder())) : QString();
+    return value().pathPrefix ? shownText(displayPath(*value().pathPrefix, m_homeFolder.toStdString()))
+                              : QString();
 }
 
 void FilterEditor::toggleKind(int index) {

@@ -16,6 +16,7 @@ class FilterEditor : public QObject {
     QML_ELEMENT
 
     Q_PROPERTY(brimlet::NavigationState* shared READ shared WRITE setShared NOTIFY sharedChanged)
+    Q_PROPERTY(QString homeFolder MEMBER m_homeFolder NOTIFY changed)
     Q_PROPERTY(QString query READ query WRITE setQuery NOTIFY changed)
     Q_PROPERTY(int sizeIndex READ sizeIndex WRITE setSizeIndex NOTIFY changed) ///< -1: none of the options
     Q_PROPERTY(int ageIndex READ ageIndex WRITE setAgeIndex NOTIFY changed)    ///< -1: none of the options
@@ -68,6 +69,7 @@ private:
     }
 
     QPointer<NavigationState> m_shared;
+    QString m_homeFolder; ///< for paths that are shown
     FileFilter m_own;
 };
 

@@ -10,6 +10,7 @@ FocusScope {
     FilterEditor {
         id: filterEditor
 
+        homeFolder: App.homeFolder
         shared: App.navigation
     }
     FileListModel {

@@ -13,6 +13,8 @@ FocusScope {
 
     FilterEditor {
         id: filterEditor
+
+        homeFolder: App.homeFolder
     }
     FileListModel {
         id: files

@@ -3,7 +3,6 @@
 #include "app/Formats.h"
 #include "app/Texts.h"
 #include "core/Paths.h"
-#include "platform/HomeFolder.h"
 #include "views/nodes/NodeLook.h"
 
 #include <QCoreApplication>
@@ -16,7 +15,7 @@ bool QuickPreview::toggle(NodeTableModel* table) {
     if (m_isOpen)
         close();
     else if (node != nullptr)
-        show(*node);
+        show(*node, table->state()->homeFolder());
     return node != nullptr || m_isOpen;
 }
 
@@ -27,12 +26,12 @@ void QuickPreview::followSelection(NodeTableModel* table) {
     if (node == nullptr)
         close();
     else if (node->path() != m_path)
-        show(*node);
+        show(*node, table->state()->homeFolder());
 }
 
 void QuickPreview::showFirst(NodeActions* actions) {
     if (actions->first() != nullptr)
-        show(*actions->first());
+        show(*actions->first(), actions->state()->homeFolder());
 }
 
 QuickPreview::~QuickPreview() {
@@ -47,11 +46,11 @@ void QuickPreview::close() {
     emit changed();
 }
 
-void QuickPreview::show(const FileNode& node) {
+void QuickPreview::show(const FileNode& node, const std::string& homeFolder) {
     forget();
     m_isOpen = true;
     m_path = node.path();
-    m_shownPath = shownText(displayPath(m_path, homeFolder()));
+    m_shownPath = shownText(displayPath(m_path, homeFolder));
     m_name = displayName(node);
     m_directory = node.isDirectory;
     m_details = tr("%1 · %2 · Modified %3")

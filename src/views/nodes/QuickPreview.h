@@ -52,7 +52,7 @@ signals:
     void changed();
 
 private:
-    void show(const FileNode& node);
+    void show(const FileNode& node, const std::string& homeFolder);
     void read();
     void forget();
     void take(const PreviewContent& content);
