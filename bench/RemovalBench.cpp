@@ -81,6 +81,7 @@ void runRm(const Paths& paths) {
 
 double median(const std::vector<Seconds>& runs, double Seconds::*which) {
     std::vector<double> values;
+    values.reserve(runs.size());
     for (const Seconds& run : runs)
         values.push_back(run.*which);
     std::sort(values.begin(), values.end());

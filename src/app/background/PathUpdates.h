@@ -32,17 +32,17 @@ public:
     void add(PathList& list) { m_lists.push_back(&list); }
 
     /// then  called when all lists are right
-    void forget(const SharedPaths& gone, std::function<void()> then) {
-        tellAll(&PathList::forget, gone, std::move(then));
+    void forget(const SharedPaths& gone, const std::function<void()>& then) {
+        tellAll(&PathList::forget, gone, then);
     }
-    void takeBack(const SharedPaths& back, std::function<void()> then) {
-        tellAll(&PathList::takeBack, back, std::move(then));
+    void takeBack(const SharedPaths& back, const std::function<void()>& then) {
+        tellAll(&PathList::takeBack, back, then);
     }
 
 private:
     using Update = void (PathList::*)(const SharedPaths&, std::function<void()>);
 
-    void tellAll(Update update, const SharedPaths& paths, std::function<void()> then) {
+    void tellAll(Update update, const SharedPaths& paths, const std::function<void()>& then) {
         const auto left = std::make_shared<std::size_t>(m_lists.size());
         for (PathList* list : m_lists) {
             (list->*update)(paths, [left, then] {

@@ -135,8 +135,8 @@ void AppState::runInBackground(std::function<void()> work) {
         [](bool) {});
 }
 
-void AppState::removeDeleted(const SharedPaths& gone, std::function<void()> then) {
-    m_parts->updates.forget(gone, std::move(then));
+void AppState::removeDeleted(const SharedPaths& gone, const std::function<void()>& then) {
+    m_parts->updates.forget(gone, then);
 }
 
 bool AppState::readyToQuit() {

@@ -96,7 +96,7 @@ public:
 
     /// Leaves what is gone from the disk out of tree and lists.
     /// then  called when all are right
-    void removeDeleted(const SharedPaths& gone, std::function<void()> then);
+    void removeDeleted(const SharedPaths& gone, const std::function<void()>& then);
 
     // The end
     bool isFinishing() const { return m_isFinishing; }
