@@ -86,7 +86,7 @@ QtObject {
     readonly property int sizeColumn: scaled(80)
     readonly property int methodColumn: scaled(76)
     readonly property int actionColumn: scaled(92)
-    readonly property int historyWidth: nameColumn + dateColumn + sizeColumn + methodColumn + actionColumn
+    readonly property int historyWidth: columnL + dateColumn + sizeColumn + methodColumn + actionColumn
                                         + 4 * spaceL + 2 * spaceM
     readonly property int sidebarWidth: scaled(216)
     readonly property int sidebarLeast: 216

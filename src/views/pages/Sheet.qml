@@ -92,6 +92,8 @@ T.Popup {
                 id: foot
 
                 Layout.alignment: Qt.AlignRight
+                // Else the cells would share what is left over, and the last button not stand at the end.
+                Layout.fillWidth: Array.from(children).some(one => one.Layout.fillWidth)
                 Layout.maximumWidth: room
                 columnSpacing: Theme.spaceS
                 room: column.width

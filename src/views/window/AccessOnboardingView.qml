@@ -78,6 +78,7 @@ Sheet {
                 text: step.modelData.replace(/\*\*(.+?)\*\*/g, "<b>$1</b>")
                 textFormat: Text.StyledText
                 wrapMode: Text.Wrap
+                Accessible.name: step.modelData.replace(/\*\*/g, "")
             }
         }
     }

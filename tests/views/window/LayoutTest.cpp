@@ -163,6 +163,17 @@ double placeOf(FilledWindow& filled, const char* name, QAccessible::Role role = 
     return item->mapToScene(QPointF(item->width() / 2, 0)).x() / filled.window().window().width();
 }
 
+TEST(HistoryLayout, restoreIsInSightInTheSmallestWindow) {
+    FilledWindow filled;
+    filled.window().resize(900, 600);
+    filled.state().navigation()->setSection(AppSection::history);
+    const QQuickItem* button = filled.driver().awaitRest("Restore", QAccessible::Button);
+    const QQuickItem* clear = filled.driver().awaitRest("Clear History", QAccessible::Button);
+    ASSERT_TRUE(button != nullptr && clear != nullptr);
+    const auto end = [](const QQuickItem* item) { return item->mapToScene(QPointF(item->width(), 0)).x(); };
+    EXPECT_LE(end(button), end(clear));
+}
+
 TEST(LayoutDirection, mirrorsWhileTheProgramRuns) {
     FilledWindow filled;
     filled.window().resize(900, 600);

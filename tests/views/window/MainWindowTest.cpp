@@ -106,6 +106,20 @@ TEST(MainWindow, onboardingHoldsTheScanUntilItIsSkipped) {
     EXPECT_TRUE(window.state().access()->accessOnboardingSkipped());
 }
 
+TEST(MainWindow, onboardingIsReadWithoutMarkupAndEndsWithItsButtons) {
+    TestApp app;
+    app.probe.granted = false;
+    TestWindow window(app);
+    window.resize(900, 600);
+    window.state().scan()->startScan(ScanTarget::home());
+    WindowDriver& driver = window.driver();
+    EXPECT_TRUE(driver.await("Under “Full Disk Access”, turn on Brimlet (or add it with +)."));
+    const QQuickItem* button = driver.awaitRest("Open Settings", QAccessible::Button);
+    const QQuickItem* sheet = driver.await("Let Brimlet see your whole disk", QAccessible::Dialog);
+    ASSERT_TRUE(button != nullptr && sheet != nullptr);
+    EXPECT_NEAR(button->mapToItem(sheet, QPointF(button->width(), 0)).x(), sheet->width(), 1);
+}
+
 TEST(MainWindow, bannerAsksForAccessAgain) {
     TestApp app;
     app.probe.granted = false;
