@@ -399,6 +399,21 @@ TEST(Removal, itsThreadsGiveWayAsTheirCallerDoes) {
     }
 }
 
+TEST(Removal, oneThreadDoesItAllWhereNoOtherCanBeStarted) {
+    DeletionStage stage;
+    LinuxFileRemoval removal(stage.home(), stage.calls, {2, 0});
+    for (int i = 0; i < 40; ++i)
+        stage.tree.file("home/item/" + std::to_string(i / 10) + "/" + std::to_string(i) + "/file", 16);
+    const PlacedIdentity reviewed = LinuxEntryLookup().find(stage.home("item"))->identity;
+    const bool hasRun = withoutThreads([&] {
+        const auto pinned = valueOf(removal.pin(stage.home("item"), reviewed, nullptr));
+        EXPECT_FALSE(removal.remove(*pinned, {}, [](const PlannedMove&) { return Failure(); }, {}).failure);
+    });
+    if (!hasRun)
+        GTEST_SKIP() << "nothing here keeps a thread from starting";
+    EXPECT_FALSE(stage.tree.exists("home/item"));
+}
+
 TEST(Removal, whatBelongsToAnotherMoveIsNoItem) {
     DeletionStage stage;
     const std::string scratch = ".Trash/" + scratchName();

@@ -24,4 +24,8 @@ private:
 /// Returns whether that was allowed; if not, `body` has not run.
 bool withOwnMounts(const std::function<void()>& body);
 
+/// Runs `body` on a thread that can start no other. Returns whether that could be brought about; if not,
+/// `body` has not run. No other thread of the process may be starting any meanwhile.
+bool withoutThreads(const std::function<void()>& body);
+
 } // namespace brimlet::test

@@ -231,7 +231,7 @@ void TreeRemover::enter(Hand& hand, const FolderJob& job) {
     }
     m_stacks.closeFarAbove(*folder);
     const std::size_t left = m_stacks.add(hand.number, folder, empty(hand, *folder, opened));
-    if (hand.number == 0 && m_threads.empty() && m_terms.threads.most > 1 && left > 1 &&
+    if (hand.number == 0 && m_hands.size() == 1 && m_terms.threads.most > 1 && left > 1 &&
         hand.removed >= m_terms.threads.entriesBefore)
         callOthers();
     finish(hand, folder);

@@ -85,7 +85,7 @@ private:
     FileSystemCalls& m_calls;
     RemovalTerms m_terms;
     FolderStacks m_stacks;
-    std::vector<Hand> m_hands;
+    std::vector<Hand> m_hands; ///< more than the first once others were called, also where none came
     std::vector<std::thread> m_threads;
     std::uint64_t m_device = 0;
     std::mutex m_mutex; ///< guards what follows, and the folders' permissions
