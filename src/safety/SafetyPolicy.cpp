@@ -119,6 +119,8 @@ std::vector<ProtectedPlace> SafetyPolicy::protectedPlaces() const {
     }
     for (const JunkRule& rule : m_places->rules)
         places.push_back({rule.resolvedBase(m_places->home), PlaceReach::itself});
+    for (const std::string_view name : m_places->tables.standardFolders)
+        places.push_back({m_places->home + "/" + std::string(name), PlaceReach::itself});
     return places;
 }
 

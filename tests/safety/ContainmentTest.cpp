@@ -91,6 +91,15 @@ TEST(ProtectedPlaces, areFoundBehindLinks) {
     EXPECT_EQ(places.reasonToKeep(tree.path("mail/other"), {}), std::nullopt);
 }
 
+TEST(ProtectedPlaces, includeFoldersOfTheHomeFolderThatLieOnAnotherDisk) {
+    const User user;
+    user.tree.directory("disk/papers/old");
+    user.tree.symbolicLink("users/me/Documents", user.tree.path("disk/papers"));
+    for (const char* holder : {"disk", "disk/papers"})
+        EXPECT_EQ(user.reasonToKeep(holder), "It contains a protected place: ~/Documents") << holder;
+    EXPECT_EQ(user.reasonToKeep("disk/papers/old"), std::nullopt);
+}
+
 TEST(ProtectedPlaces, areFoundThroughAnotherMount) {
     const bool isAllowed = withOwnMounts([] {
         const User user;
