@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/DeletionEngine.h"
+#include "cli/StopSignals.h"
 #include "cli/Terminal.h"
 #include "core/ByteFormat.h"
 #include "core/WholeNumber.h"
@@ -92,7 +93,10 @@ ExitStatus restore(const RestoreOptions& options, const SystemTables& system) {
             fail("There is no entry " + id + " in the history.");
     }
     const std::size_t asked = options.last ? 1 : options.ids.size();
-    const RestoreOutcome outcome = engine.history.restore(wanted);
+    const RestoreOutcome outcome = [&] {
+        const StopSignals signals;
+        return engine.history.restoring(wanted)(signals.token());
+    }();
     for (const RefusedRestore& refused : outcome.refused)
         fail(refused.entry.originalPath + ": " + DeletionExecutor::reason(refused.error, system.safety));
     for (const HistoryEntry& entry : outcome.restored)

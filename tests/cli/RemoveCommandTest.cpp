@@ -10,6 +10,7 @@
 #include "json/Json.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -145,6 +146,26 @@ TEST_F(RemoveCommandTest, anInterruptLeavesTheRestInItsPlace) {
     EXPECT_TRUE(std::none_of(left.begin(), left.end(), [](const auto& entry) {
         return entry.first.find(".brimlet-") != std::string::npos;
     }));
+}
+
+TEST_F(RemoveCommandTest, anInterruptedRestoreTellsWhatCameBackAndLeavesTheRest) {
+    constexpr int files = 1'500;
+    std::vector<std::string> arguments = {"remove", "--yes"};
+    for (int i = 0; i < files; ++i)
+        arguments.push_back(home.file("Downloads/" + std::to_string(i) + ".txt", 0));
+    ASSERT_EQ(run(arguments).status, 0);
+    arguments = {"restore"};
+    for (const Json& entry : history())
+        arguments.push_back(entry.at("id").get<std::string>());
+    const Outcome outcome = test::runInterrupted(BRIMLET_CLI, arguments, {{"HOME", home.root()}});
+    EXPECT_THAT(outcome.error, HasSubstr("The restore was stopped before this."));
+    for (const Json& entry : history()) {
+        const bool isBack = std::filesystem::exists(bytesOf(entry.at("originalPath")));
+        EXPECT_EQ(isBack, entry.at("restored").get<bool>()) << entry;
+        EXPECT_NE(isBack, std::filesystem::exists(bytesOf(entry.at("trashPath")))) << entry;
+    }
+    arguments = {"restore", "--last"};
+    EXPECT_EQ(run(arguments).status, 0) << "the rest can come back later";
 }
 
 TEST_F(RemoveCommandTest, onlyARemovalCompletesWhatWasInterrupted) {

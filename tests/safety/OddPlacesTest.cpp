@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <linux/magic.h>
+#include <memory>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -86,6 +87,38 @@ TEST(Overlay, foldersOfALowerLayerGoAndComeBack) {
         EXPECT_FALSE(stage.hasScratch());
         EXPECT_FALSE(DeletionHistory(stage.store, stage.removal).restore(trashed.entries.front()));
         EXPECT_EQ(snapshotOf(stage.home("trashed")), whole);
+    });
+}
+
+/// Files of layers on two disks may have one number.
+TEST(Overlay, filesOfSeveralDisksAreToldApartInACopy) {
+    whereMountingIsPermitted([] {
+        DeletionStage stage;
+        std::vector<std::unique_ptr<Mount>> disks;
+        for (const char* disk : {"first", "second", "top"}) {
+            disks.push_back(
+                std::make_unique<Mount>("tmpfs", stage.tree.directory(disk), "tmpfs", 0, "size=1m"));
+            if (!disks.back()->isThere())
+                GTEST_SKIP() << "no tmpfs here";
+            stage.tree.fileWithText(std::string(disk) + "/tree/" + disk, disk);
+            stage.tree.hardLink(std::string(disk) + "/tree/other name of " + disk,
+                                std::string(disk) + "/tree/" + disk);
+        }
+        struct stat first {};
+        struct stat second {};
+        ASSERT_EQ(stat(stage.tree.path("first/tree/first").c_str(), &first), 0);
+        ASSERT_EQ(stat(stage.tree.path("second/tree/second").c_str(), &second), 0);
+        ASSERT_EQ(first.st_ino, second.st_ino) << "the disks number alike";
+        const std::string place = stage.tree.directory("home/layers");
+        const Mount layers("overlay", place, "overlay", 0,
+                           "lowerdir=" + stage.tree.path("first") + ":" + stage.tree.path("second") +
+                               ",upperdir=" + stage.tree.directory("top/upper") +
+                               ",workdir=" + stage.tree.directory("top/work") + ",xino=off");
+        if (!layers.isThere())
+            GTEST_SKIP() << "no overlay here";
+        const auto whole = snapshotOf(place + "/tree");
+        expectDone(stage.run(place + "/tree", Removal::trash));
+        EXPECT_EQ(snapshotOf(stage.home(".Trash/tree")), whole);
     });
 }
 

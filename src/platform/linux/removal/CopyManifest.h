@@ -9,6 +9,7 @@
 #include <atomic>
 #include <map>
 #include <tuple>
+#include <utility>
 
 namespace brimlet {
 
@@ -17,14 +18,14 @@ public:
     /// Notes a file before it is read. False when it is one of several names of a file that has changed since
     /// the first of them was noted.
     bool add(const FileStatus& file) {
-        const auto [noted, isNew] = m_files.try_emplace(file.inode, file);
+        const auto [noted, isNew] = m_files.try_emplace(keyOf(file), file);
         return isNew || noted->second.isSame(file, Moment::ofChange);
     }
 
     /// Whether the copy holds this file, unchanged since. Removing one name of several changes a file's time
     /// of change, so this counts only until a first name has been found unchanged.
     bool holds(const FileStatus& file) const {
-        const auto noted = m_files.find(file.inode);
+        const auto noted = m_files.find(keyOf(file));
         if (noted == m_files.end() ||
             !noted->second.isSame(file, noted->second.found ? Moment::ofWriting : Moment::ofChange))
             return false;
@@ -38,6 +39,9 @@ public:
 private:
     enum class Moment { ofWriting, ofChange };
     using Time = std::tuple<time_t, long>;
+    using Key = std::pair<std::uint64_t, std::uint64_t>;
+    /// An overlay's files may bear the numbers of several devices.
+    static Key keyOf(const FileStatus& file) { return {file.device, file.inode}; }
     static Time momentOf(const timespec& time) { return {time.tv_sec, time.tv_nsec}; }
 
     struct Noted {
@@ -56,7 +60,7 @@ private:
         mutable std::atomic<bool> found = false;
     };
 
-    std::map<std::uint64_t, Noted> m_files; // by inode
+    std::map<Key, Noted> m_files;
 };
 
 } // namespace brimlet

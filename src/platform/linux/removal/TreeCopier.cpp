@@ -172,7 +172,8 @@ int TreeCopier::copyLinked(int from, const std::string& name, const FileStatus& 
         if (!m_links.isOpen())
             return m_links.number();
     }
-    const auto known = m_linkNames.emplace(status.inode, std::to_string(status.inode));
+    const auto known =
+        m_linkNames.emplace(std::pair(status.device, status.inode), std::to_string(m_linkNames.size()));
     const std::string& first = known.first->second;
     if (known.second) {
         if (const int result = copyLeaf(from, name, status, m_links.number(), first); result < 0)

@@ -18,6 +18,7 @@
 #include <map>
 #include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace brimlet {
@@ -66,7 +67,8 @@ private:
     FolderLadder m_sources;
     FolderLadder m_targets;
     std::vector<Level> m_levels;
-    std::map<std::uint64_t, std::string> m_linkNames; ///< by inode: a first copy's name in m_links
+    /// By device and inode: a first copy's name in m_links.
+    std::map<std::pair<std::uint64_t, std::uint64_t>, std::string> m_linkNames;
     Descriptor m_links;
     DiskSync m_sync;
     CopyLosses m_losses;
