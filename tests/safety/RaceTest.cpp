@@ -12,6 +12,7 @@
 #include <linux/fs.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace brimlet::test {
@@ -137,6 +138,7 @@ void raceWithoutProtection(Removal how) {
     std::size_t refused = 0;
     const auto end = Clock::now() + raceTime();
     for (std::size_t next = 0; next < requests.size() && Clock::now() < end;) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1)); // the other side gets a core too
         const ExecutedRun run = stage.executor.execute({requests[next]});
         next += run.entries.size();
         for (const DeletionFailure& failure : run.report.failures)
